@@ -1,0 +1,133 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+#include "desktop/terminal/console.h"
+
+namespace tidemark {
+namespace {
+
+std::atomic<bool> close_requested = false;
+std::atomic<bool> resized = false;
+// Signals wake a waiting poll by a byte in this pipe.
+std::array<int, 2> wake_pipe = {-1, -1};
+
+void OnSignal(int signal) {
+  const int saved_error = errno;
+  (signal == SIGWINCH ? resized : close_requested) = true;
+  // A full pipe wakes just as well.
+  [[maybe_unused]] const ssize_t written = write(wake_pipe[1], "!", 1);
+  errno = saved_error;
+}
+
+void WriteAll(int file, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = write(file, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return;  // who read us is gone; nobody is left to tell
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+bool IsSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+class PosixConsole : public Console {
+ public:
+  PosixConsole() {
+    const char* terminal = std::getenv("TERM");
+    const bool dumb = terminal == nullptr || std::string_view(terminal) == "dumb";
+    interactive_ = isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1 && !dumb;
+    color_ = interactive_ && !IsSet("NO_COLOR");
+    if (pipe2(wake_pipe.data(), O_NONBLOCK | O_CLOEXEC) != 0) return;
+    struct sigaction action = {};
+    action.sa_handler = OnSignal;
+    action.sa_flags = SA_RESTART;
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGWINCH}) {
+      sigaction(signal, &action, nullptr);
+    }
+    // A reader that goes away is noticed at the write.
+    action.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &action, nullptr);
+  }
+
+  bool IsInteractive() const override { return interactive_; }
+  bool HasColor() const override { return color_; }
+
+  ConsoleSize Size() const override {
+    winsize size = {};
+    if (!interactive_ || ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+      return {};
+    return {.width = size.ws_col, .height = size.ws_row};
+  }
+
+  ConsoleInput Wait(int timeout_ms) override {
+    while (true) {
+      if (CloseRequested()) {
+        close_requested = false;
+        return {.kind = ConsoleInput::Kind::kClose, .line = {}};
+      }
+      if (resized.exchange(false)) return {.kind = ConsoleInput::Kind::kResized, .line = {}};
+      if (const std::size_t end = pending_.find('\n'); end != std::string::npos) {
+        return TakeLine(end, end + 1);
+      }
+      if (ended_) {
+        if (!pending_.empty()) return TakeLine(pending_.size(), pending_.size());
+        return {.kind = ConsoleInput::Kind::kEnd, .line = {}};
+      }
+      if (!ReadMore(timeout_ms)) return {};
+    }
+  }
+
+  bool CloseRequested() const override { return close_requested.load(std::memory_order_relaxed); }
+  void Write(std::string_view text) override { WriteAll(STDOUT_FILENO, text); }
+  void WriteError(std::string_view text) override { WriteAll(STDERR_FILENO, text); }
+
+ private:
+  ConsoleInput TakeLine(std::size_t end, std::size_t next) {
+    ConsoleInput input{.kind = ConsoleInput::Kind::kLine, .line = pending_.substr(0, end)};
+    pending_.erase(0, next);
+    if (!input.line.empty() && input.line.back() == '\r') input.line.pop_back();
+    return input;
+  }
+
+  // False when the time ran out.
+  bool ReadMore(int timeout_ms) {
+    std::array<pollfd, 2> files = {{{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
+                                    {.fd = wake_pipe[0], .events = POLLIN, .revents = 0}}};
+    const int ready = poll(files.data(), files.size(), timeout_ms);
+    if (ready == 0) return false;
+    if (ready < 0) return errno == EINTR;
+    std::array<char, 4096> buffer;
+    if (files[1].revents != 0) {
+      while (read(wake_pipe[0], buffer.data(), buffer.size()) > 0) {
+      }
+    } else {
+      const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
+      if (count > 0) pending_.append(buffer.data(), static_cast<std::size_t>(count));
+      ended_ = count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN);
+    }
+    return true;
+  }
+
+  bool interactive_ = false;
+  bool color_ = false;
+  bool ended_ = false;
+  std::string pending_;
+};
+
+}  // namespace
+
+std::unique_ptr<Console> OpenConsole() { return std::make_unique<PosixConsole>(); }
+
+}  // namespace tidemark

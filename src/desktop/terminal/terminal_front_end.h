@@ -1,0 +1,85 @@
+// The front end for a terminal. A person at a terminal sees the page that is up, live while a scan
+// or a repair runs, and types commands under it. A script's commands come from standard input, one
+// at a time while the program is idle, and the page is printed when a command has changed it.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "desktop/terminal/commands.h"
+#include "desktop/terminal/console.h"
+#include "desktop/terminal/desk.h"
+#include "desktop/terminal/styled_line.h"
+#include "toolkit/front_end.h"
+
+namespace tidemark {
+
+class TerminalFrontEnd : public FrontEnd {
+ public:
+  explicit TerminalFrontEnd(Console& console);
+
+  // Runs the program's entry, then takes commands until the main window has been closed. The end of
+  // input and a request of the system to go (Ctrl+C) close it as a person would. Returns the
+  // process's exit status: 1 when a command of a script was refused, else 0.
+  int Run(Form& main_window, const std::function<void()>& program_entry);
+
+  // Called for every item of a scan: looks at clock and console only now and then.
+  void DoEvents() override {
+    if (--yields_to_pulse_ <= 0) Pulse();
+  }
+  void Show(Form& form) override;
+  // Keeps no pointer to the form: its Unload handler may destroy it.
+  void Unload(Form& form) override;
+  void ShowMessage(std::string_view text, std::string_view title) override;
+  void SetMousePointer(MousePointer pointer) override;
+  [[noreturn]] void End() override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void Pulse();
+  void PulseAtTerminal();
+  void AdaptPulse();
+  // Whether the running command has opened a dialog that has to be answered before it goes on.
+  bool AwaitsAnswer() const;
+
+  void Handle(const ConsoleInput& input);
+  void TakeLine(std::string_view line);
+  void Follow(const CommandResult& result);
+  void CloseMain();
+  void TakeOff(const Form& form);
+
+  void Draw();
+  void DrawScreen();
+  void PrintPage();
+  void ShowOutput(std::string_view output);
+  Line StatusLine() const;
+
+  Console& console_;
+  bool interactive_;
+  Desk desk_;
+  bool closing_ = false;
+  bool refused_ = false;
+  bool busy_pointer_ = false;
+
+  long last_command_ = 0;
+  long running_command_ = 0;  // 0: the program's entry
+
+  int pulse_period_ = 1;  // yields from one pulse to the next
+  int yields_to_pulse_ = 1;
+  Clock::time_point last_pulse_;
+  Clock::time_point last_look_;
+  Clock::time_point last_draw_;
+
+  // A terminal's screen.
+  std::string notice_;         // why the last command was refused
+  bool prompt_is_up_ = false;  // the cursor stands behind the prompt, maybe with something typed
+  bool reading_ = false;       // a longer output is up instead of the page
+  bool working_ = false;       // drawn from within a yield
+  std::string last_screen_;    // as it was drawn last; also a script's last page
+};
+
+}  // namespace tidemark

@@ -1,0 +1,46 @@
+// The native program: Tidemark on a hosted PC, in the terminal.
+#include <iostream>
+
+#include "desktop/terminal/terminal_front_end.h"
+#include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/pc_settings.h"
+#include "platform/single_instance.h"
+#include "shell/main_window.h"
+#include "shell/wiring.h"
+#include "window/frmMain.h"
+
+namespace {
+
+constexpr int kBadFolder = 2;
+
+int RunOn(tidemark::hosted::HostedPc& pc) {
+  const tidemark::SingleInstance instance;
+  tidemark::Application application;
+  application.folder = pc.settings().program_folder;
+  application.previous_instance = instance.AnotherIsRunning();
+
+  const auto console = tidemark::OpenConsole();
+  tidemark::TerminalFrontEnd front_end(*console);
+  tidemark::frmMain window(front_end, application);
+  BindHandlers(window);
+  return front_end.Run(window.form, [&window] { Main(window); });
+}
+
+}  // namespace
+
+// The one argument is for the hosted PC; the program itself reads none.
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: tidemark FOLDER (a hosted PC)\n";
+    return kBadFolder;
+  }
+  try {
+    tidemark::hosted::HostedPc pc(argv[1]);
+    const int status = RunOn(pc);
+    pc.ShutDown();
+    return status;
+  } catch (const tidemark::hosted::HostedPcError& error) {
+    std::cerr << "tidemark: " << error.what() << "\n";
+    return kBadFolder;
+  }
+}

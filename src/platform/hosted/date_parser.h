@@ -1,0 +1,17 @@
+// Reads a person's date and time text, as the platform's VarDateFromStr does.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/winapi.h"
+
+namespace tidemark::hosted {
+
+struct PcSettings;
+
+// `now` gives the year where the text names none. See ParseDate in locale_texts.h.
+std::optional<SYSTEMTIME> ParseDateText(std::string_view text, const PcSettings& settings,
+                                        const SYSTEMTIME& now);
+
+}  // namespace tidemark::hosted

@@ -1,0 +1,93 @@
+// The file calls of winapi.h: the work is the file store's; here are last errors, and what the
+// registry editor, running beside the program, is doing to a file at this moment.
+#include <string_view>
+
+#include "platform/hosted/file_store.h"
+#include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/registry_editor.h"
+#include "platform/winapi.h"
+
+namespace {
+
+using tidemark::hosted::HostedPc;
+
+std::string_view Text(LPCSTR text) { return text == nullptr ? std::string_view() : text; }
+
+HostedPc& Pc() {
+  HostedPc& pc = HostedPc::Current();
+  pc.editor().CatchUp();
+  return pc;
+}
+
+BOOL Answer(LONG status) {
+  if (status != ERROR_SUCCESS) SetLastError(static_cast<DWORD>(status));
+  return status == ERROR_SUCCESS ? TRUE : FALSE;
+}
+
+bool IsBeingWritten(HostedPc& pc, LPCSTR path) {
+  return pc.editor().IsWriting(pc.files().FullPath(Text(path)));
+}
+
+}  // namespace
+
+DWORD GetFileAttributesA(LPCSTR path) {
+  DWORD attributes = INVALID_FILE_ATTRIBUTES;
+  Answer(Pc().files().GetAttributes(Text(path), attributes));
+  return attributes;
+}
+
+BOOL SetFileAttributesA(LPCSTR path, DWORD attributes) {
+  return Answer(Pc().files().SetAttributes(Text(path), attributes));
+}
+
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES*, DWORD disposition,
+                   DWORD attributes, HANDLE) {
+  HostedPc& pc = Pc();
+  const bool wants_alone =
+      (access & (GENERIC_WRITE | FILE_APPEND_DATA)) != 0 || (share & FILE_SHARE_WRITE) == 0;
+  HANDLE file = INVALID_HANDLE_VALUE;
+  bool existed = false;
+  const LONG status =
+      wants_alone && IsBeingWritten(pc, path)
+          ? ERROR_SHARING_VIOLATION
+          : pc.files().Open(Text(path), {access, share, disposition, attributes}, file, existed);
+  if (status != ERROR_SUCCESS) {
+    SetLastError(static_cast<DWORD>(status));
+    return INVALID_HANDLE_VALUE;
+  }
+  const bool replaces = disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS;
+  SetLastError(static_cast<DWORD>(existed && replaces ? ERROR_ALREADY_EXISTS : ERROR_SUCCESS));
+  return file;
+}
+
+BOOL ReadFile(HANDLE file, LPVOID data, DWORD size_bytes, LPDWORD bytes_read, void*) {
+  DWORD count = 0;
+  const LONG status = Pc().files().Read(file, data, size_bytes, count);
+  if (bytes_read != nullptr) *bytes_read = count;
+  return Answer(status);
+}
+
+BOOL WriteFile(HANDLE file, LPCVOID data, DWORD size_bytes, LPDWORD bytes_written, void*) {
+  DWORD count = 0;
+  const LONG status = Pc().files().Write(file, data, size_bytes, count);
+  if (bytes_written != nullptr) *bytes_written = count;
+  return Answer(status);
+}
+
+BOOL CloseHandle(HANDLE handle) { return Answer(Pc().files().Close(handle)); }
+
+BOOL DeleteFileA(LPCSTR path) {
+  HostedPc& pc = Pc();
+  return Answer(IsBeingWritten(pc, path) ? ERROR_SHARING_VIOLATION : pc.files().Delete(Text(path)));
+}
+
+BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists) {
+  HostedPc& pc = Pc();
+  return Answer(IsBeingWritten(pc, to)
+                    ? ERROR_SHARING_VIOLATION
+                    : pc.files().Copy(Text(from), Text(to), fail_if_exists != FALSE));
+}
+
+BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
+  return Answer(Pc().files().MakeFolder(Text(path)));
+}

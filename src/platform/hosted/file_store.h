@@ -1,0 +1,95 @@
+// The files of the hosted PC: what the file calls do, on paths of the PC, with the platform's
+// statuses. The faults that can be asked for are here too.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/hosted/folder_cache.h"
+#include "platform/hosted/host_file.h"
+#include "platform/hosted/pc_path.h"
+#include "platform/winapi.h"
+
+namespace tidemark::hosted {
+
+struct PcSettings;
+
+class FileStore {
+ public:
+  // Keeps the folder, not the settings: drive kinds, attributes and denied files are copied.
+  FileStore(const std::filesystem::path& pc_folder, const PcSettings& settings);
+
+  // All give ERROR_SUCCESS or the status that the platform's call leaves as the last error. They
+  // are plain acts: the registry editor, which runs beside the program, uses them too.
+  LONG GetAttributes(std::string_view path, DWORD& attributes);
+  LONG SetAttributes(std::string_view path, DWORD attributes);
+  LONG Delete(std::string_view path);
+  LONG Copy(std::string_view from, std::string_view to, bool fail_if_exists);
+  LONG MakeFolder(std::string_view path);
+
+  struct OpenRequest {
+    DWORD access = GENERIC_READ;
+    DWORD share = FILE_SHARE_READ;
+    DWORD disposition = OPEN_EXISTING;
+    DWORD attributes = 0;  // of a file that is made
+  };
+  // `existed` tells whether the file was there before.
+  LONG Open(std::string_view path, const OpenRequest& request, HANDLE& file, bool& existed);
+  LONG Read(HANDLE file, void* data, DWORD size_bytes, DWORD& bytes_read);
+  LONG Write(HANDLE file, const void* data, DWORD size_bytes, DWORD& bytes_written);
+  LONG Close(HANDLE file);
+
+  // The whole of a file. Writing truncates or creates it.
+  LONG ReadWhole(std::string_view path, std::string& bytes);
+  LONG WriteWhole(std::string_view path, std::string_view bytes);
+
+  // "C:\Folder\File" of any path; empty when the text can be no path.
+  std::string FullPath(std::string_view path);
+  void SetCurrentFolder(std::string_view path);
+
+  // From here on every call on the file or folder, or on what lies below it, answers
+  // ERROR_ACCESS_DENIED.
+  void DenyFile(std::string_view path);
+  void AllowAllFiles();
+  // Leaves so many bytes on the disks; no value: they are as large as the host's again.
+  void FillDisk(std::optional<std::uint64_t> bytes_left);
+  // The next write to a file fails and writes nothing.
+  void FailNextWrite();
+
+ private:
+  struct OpenFile {
+    HostFile host;
+    std::string upper;
+    DWORD access = 0;
+    DWORD share = 0;
+  };
+
+  LONG Find(std::string_view path, bool careful, FolderCache::Place& place);
+  bool IsDenied(std::string_view upper) const;
+  bool IsOpen(std::string_view upper) const;
+  bool ConflictsWithOpenFiles(std::string_view upper, DWORD access, DWORD share) const;
+  DWORD AttributesOf(const FolderCache::Place& place) const;
+  LONG StoreAttributes(const FolderCache::Place& place, DWORD attributes);
+  OpenFile* Lookup(HANDLE file);
+
+  FolderCache folders_;
+  std::string current_folder_ = "C:\\";
+  std::set<char> drives_not_ready_;
+  PcPath path_;  // the path of the call at work; kept for its memory
+  // Hidden, system and archive of the files whose attributes are not just "archive", and read-only
+  // of folders, by path in capitals. The read-only of a file is the host's write permission.
+  std::unordered_map<std::string, DWORD> attributes_;
+  std::vector<std::string> denied_;
+  std::vector<std::unique_ptr<OpenFile>> open_files_;
+  std::optional<std::uint64_t> bytes_left_;
+  bool fail_next_write_ = false;
+};
+
+}  // namespace tidemark::hosted

@@ -1,0 +1,77 @@
+// What pc.ini says about a hosted PC. The file is UTF-8 text in sections:
+//
+//   [environment]  NAME=value           one environment variable a line
+//   [folders]      desktop=C:\...       special folders; kFolderNames in pc_settings.cpp lists the
+//   keys [user]         sid=S-1-5-...  name= [locale]       short date=M/d/yyyy  time=h:mm:ss tt
+//   day names=Sunday,...  month names=January,...
+//                  code page=1252
+//   [drives]       C=fixed              fixed, removable, cdrom, network; "cdrom not ready"
+//   [program]      folder=C:\...        where the program stands, and its current folder
+//   [denied]       key=HKEY_...  file=C:\...   what answers "access denied"; may be repeated
+//   [editor]       duration=2           milliseconds that one registry editor command takes
+//                  format=utf-16        what it exports: utf-16 or 8-bit
+//   [attributes]   C:\...=RHSA          attributes that the folder's files can't carry themselves
+//
+// Lines that begin with ; or # are comments. Keys and section names ignore case.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/winapi.h"
+
+namespace tidemark::hosted {
+
+enum class DriveKind { kFixed, kRemovable, kCdRom, kNetwork };
+
+struct Drive {
+  DriveKind kind = DriveKind::kFixed;
+  bool ready = true;
+};
+
+// The initial values are those of a PC without a pc.ini.
+struct PcSettings {
+  PcSettings();
+
+  // Names as written; Variable ignores their case.
+  std::vector<std::pair<std::string, std::string>> environment;
+  std::map<int, std::string> special_folders;  // by CSIDL number
+  std::string windows_folder = "C:\\Windows";
+  std::string program_folder = "C:\\Program Files\\Tidemark";
+
+  std::string user_sid = "S-1-5-21-0-0-0-1000";
+  std::string user_name = "User";
+
+  // Pictures of the platform's locale formats: d dd ddd dddd, M..., yy yyyy; h hh H HH, m mm, s ss,
+  // t tt.
+  std::string short_date = "M/d/yyyy";
+  std::string long_time = "h:mm:ss tt";
+  std::array<std::string, 7> day_names;  // from Sunday
+  std::array<std::string, 12> month_names;
+
+  // Drives that are named here or have a folder under drives/; those of the folder alone are fixed.
+  std::map<char, Drive> drives;  // by capital letter
+
+  std::vector<std::string> denied_keys;
+  std::vector<std::string> denied_files;
+  std::vector<std::pair<std::string, DWORD>> attributes;
+
+  std::uint32_t editor_duration_ms = 2;
+  bool editor_writes_utf16 = true;
+
+  // Null when there is no such variable.
+  const std::string* Variable(std::string_view name) const;
+  void SetVariable(std::string_view name, std::string_view value);
+
+  // Reads the file over the initial values. A missing file is fine; throws HostedPcError, naming
+  // file and line, for a line that can't be understood.
+  static PcSettings Read(const std::filesystem::path& file);
+};
+
+}  // namespace tidemark::hosted

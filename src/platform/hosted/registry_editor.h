@@ -1,0 +1,64 @@
+// The registry editor of the hosted PC: "regedit /e file [key]" and "regedit /s file". It runs
+// beside the program, as a process of its own would, on the PC's clock: what it has done by a
+// moment is done when a platform call is made after that moment.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tidemark::hosted {
+
+class RegistryEditor {
+ public:
+  // What a started program takes until it runs.
+  static constexpr std::uint32_t kStartUpMs = 1;
+
+  // Takes a command line; false when it does not start the registry editor ("regedit" or
+  // "regedit.exe" in any case, with or without a folder). Without /e or /s the editor shows its
+  // window, where nobody sits, and does nothing.
+  bool Start(std::string_view command_line);
+
+  // Does what is due by now. The platform calls make this; a cheap test when nothing is running. An
+  // export makes its file empty when it has started up, and fills it when it ends with what the
+  // registry holds then: nothing, if the key is gone. An import reads its file when it ends; a file
+  // that is gone by then is lost.
+  void CatchUp() {
+    if (!commands_.empty() && !busy_) RunDue();
+  }
+  // Lets everything that was started come to its end, without waiting.
+  void Finish();
+  // Whether the file is being written by an editor at this moment: it can be read, but not deleted.
+  bool IsWriting(std::string_view path) const;
+
+  // How long a command takes from its start to its end, beside what its size adds.
+  void SetDuration(std::uint32_t milliseconds) { duration_ms_ = milliseconds; }
+  // Whether the editor exports in the older 8-bit form, as on old PCs.
+  void SetEightBit(bool eight_bit) { eight_bit_ = eight_bit; }
+
+ private:
+  struct Command {
+    bool exports;
+    std::string file;
+    std::string key;  // of an export; empty for all
+    std::uint64_t due_us;
+    bool file_open = false;
+  };
+
+  void Begin(Command& command);
+  void End(const Command& command);
+  void RunDue();
+  void RunUntil(std::uint64_t now_us);
+
+  std::vector<Command> commands_;
+  std::uint32_t duration_ms_ = 2;
+  bool eight_bit_ = false;
+  bool busy_ = false;  // its own platform calls don't catch up
+};
+
+// The arguments of a command line as the platform's programs see them: divided by blanks, held
+// together by double quotes; a backslash before a double quote makes it a plain one.
+std::vector<std::string> SplitCommandLine(std::string_view command_line);
+
+}  // namespace tidemark::hosted

@@ -1,0 +1,24 @@
+// Date and time texts in the user's locale, as the platform's default formats give them.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/winapi.h"
+
+namespace tidemark {
+
+// The short date and the long time of the locale: "11/4/2006" and "1:05:09 PM" in US English.
+std::string DateText(const SYSTEMTIME& time);
+std::string TimeText(const SYSTEMTIME& time);
+
+// "dddd, mmmm dd yyyy" with the locale's names: "Saturday, November 04 2006".
+std::string LongDateText(const SYSTEMTIME& time);
+
+// Reads a date text under the locale's order of day and month, as the platform's date parser does:
+// digits, the locale's or any of "/", "-", "." between them, month names; where the locale's order
+// gives no date, the other order is tried. A text with only a time of day gives the year 1899,
+// month 12, day 30. No date in the text: no value.
+std::optional<SYSTEMTIME> ParseDate(const std::string& text);
+
+}  // namespace tidemark

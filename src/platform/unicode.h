@@ -1,0 +1,20 @@
+// UTF-8 one character at a time, for the files of this folder.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tidemark {
+
+// Stands for a byte that is no part of well-formed UTF-8.
+constexpr char32_t kNoCharacter = 0xFFFFFFFF;
+
+// The character at `position` (which lies inside the text); moves the position behind it. Where no
+// well-formed character stands it moves by one byte and gives kNoCharacter.
+char32_t NextCharacter(std::string_view text, std::size_t& position);
+
+// A surrogate and a number beyond U+10FFFF become U+FFFD.
+void AppendUtf8(std::string& text, char32_t character);
+
+}  // namespace tidemark

@@ -1,0 +1,121 @@
+#include "repair/category_repairs.h"
+
+#include <array>
+#include <string_view>
+
+#include "helpers/ignore_list.h"
+#include "helpers/key_names.h"
+#include "helpers/text_helpers.h"
+#include "platform/file_system_object.h"
+#include "platform/letter_case.h"
+#include "registry/mdlRegistry.h"
+#include "repair/undo_file.h"
+
+namespace tidemark {
+namespace {
+
+struct Finding {
+  std::string path;  // the full key, or the link file
+  std::string value_name;
+  std::string data;
+  std::int32_t type = 0;
+};
+
+// What a repair needs beside the finding.
+struct RepairJob {
+  frmMain& window;
+  const std::string& undo_file;
+};
+
+// In the findings' columns.
+Finding FindingOf(const ListItem& row) {
+  return {row.Caption().String(), row.SubItem(1).String(), row.SubItem(2).String(),
+          RoundToLong(LeadingNumber(row.SubItem(4).View())).value_or(0)};
+}
+
+bool DeleteKey(std::string_view root_text, std::string_view key) {
+  return SHDeleteKeyA(StripHkey(root_text), SplitSubKey(key).c_str()) == ERROR_SUCCESS;
+}
+
+void RepairKey(const RepairJob& job, const Finding& finding) {
+  SafeRegkey(finding.path, job.window.application.folder, job.undo_file);
+  DeleteKey(finding.path, finding.path);
+}
+
+// A key that can't be deleted is not to be reported by the next scan. The key may be an ancestor of
+// the finding's.
+void RepairKeyOrSafeList(const RepairJob& job, const Finding& finding, const std::string& key) {
+  SafeRegkey(key, job.window.application.folder, job.undo_file);
+  if (!DeleteKey(finding.path, key)) {
+    AddToSafeList(job.window.IgnoreList, job.window.application.folder, SplitSubKey(key));
+  }
+}
+
+void RepairAssociation(const RepairJob& job, const Finding& finding) {
+  RepairKeyOrSafeList(job, finding, finding.path);
+}
+
+void RepairValue(const RepairJob& job, const Finding& finding) {
+  SafeReg(finding.path, finding.value_name, finding.data, finding.type, job.undo_file);
+  DeleteRegValue(StripHkey(finding.path), SplitSubKey(finding.path), finding.value_name);
+}
+
+void RepairKeyOrValue(const RepairJob& job, const Finding& finding) {
+  if (finding.value_name.empty()) {
+    RepairKeyOrSafeList(job, finding, finding.path);
+  } else {
+    RepairValue(job, finding);
+  }
+}
+
+// A class whose server key was found bad goes as a whole, up to the class identifier's brace.
+void RepairClass(const RepairJob& job, const Finding& finding) {
+  const std::string leaf = UpperCase(finding.path.substr(finding.path.rfind('\\') + 1));
+  if (finding.value_name.empty() && (leaf == "INPROCSERVER32" || leaf == "INPROCSERVER")) {
+    // With no brace the path is empty, and nothing is deleted.
+    RepairKeyOrSafeList(job, finding, finding.path.substr(0, finding.path.find('}') + 1));
+  } else {
+    RepairKeyOrValue(job, finding);
+  }
+}
+
+// The link file itself is kept, in the folder of the undo files.
+void RepairShortcut(const RepairJob& job, const Finding& finding) {
+  const std::string name = finding.path.substr(finding.path.rfind('\\') + 1);
+  FileSystemObject files;
+  files.CopyFile(finding.path, job.window.application.folder + "\\BACKUP\\" + name);
+  files.DeleteFile(finding.path, /*force=*/true);
+}
+
+struct CategoryRepair {
+  std::string_view code;
+  void (*repair)(const RepairJob& job, const Finding& finding);
+};
+
+constexpr std::array<CategoryRepair, 12> kRepairs = {{
+    {"SHORTCUTS", RepairShortcut},
+    {"APP", RepairKey},
+    {"VDD", RepairKey},
+    {"UNINSTALL", RepairKey},
+    {"HELP", RepairValue},
+    {"DLL", RepairValue},
+    {"IFA", RepairAssociation},
+    {"FONT", RepairValue},
+    {"STARTUP", RepairValue},
+    {"INTERFACE", RepairKeyOrValue},
+    {"LIB", RepairKeyOrValue},
+    {"CLSID", RepairClass},
+}};
+
+}  // namespace
+
+bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file) {
+  for (const CategoryRepair& category : kRepairs) {
+    if (!(finding.SubItem(6) == category.code)) continue;
+    category.repair({window, undo_file}, FindingOf(finding));
+    return true;
+  }
+  return false;
+}
+
+}  // namespace tidemark

@@ -1,0 +1,16 @@
+// The repair of one finding: what goes from the registry or the disk, and what is kept of it first.
+#pragma once
+
+#include <string>
+
+#include "toolkit/list_view.h"
+#include "window/frmMain.h"
+
+namespace tidemark {
+
+// Writes the undo record, then deletes what the finding stands for. A failure of either is not
+// told; a deletion that some tests could not make puts the key on the ignore list. False when the
+// finding's test code is none, and then nothing is done.
+bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file);
+
+}  // namespace tidemark

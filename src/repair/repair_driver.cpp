@@ -1,0 +1,85 @@
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "helpers/diagnostic_tests.h"
+#include "helpers/settings_key.h"
+#include "helpers/text_helpers.h"
+#include "platform/winapi.h"
+#include "registry/mdlRegistry.h"
+#include "repair/category_repairs.h"
+#include "repair/repair.h"
+#include "window/panels.h"
+
+namespace tidemark {
+namespace {
+
+// "...\backup\undo_yyddmm_hhnnss.reg". Year, day, month: unlike the manual backups, on purpose.
+std::string UndoFilePath(const std::string& program_folder) {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  std::array<char, 64> name{};
+  std::snprintf(name.data(), name.size(), "\\backup\\undo_%02d%02d%02d_%02d%02d%02d.reg",
+                now.wYear % 100, now.wDay, now.wMonth, now.wHour, now.wMinute, now.wSecond);
+  return program_folder + name.data();
+}
+
+// A flag that is no number can't be tested, and the row then counts as selected.
+bool IsSelected(const ListItem& finding) {
+  return NumberOf(finding.SubItem(5).View()).value_or(1) == 1;
+}
+
+void RepairRow(frmMain& window, const ListItem& finding, const std::string& undo_file) {
+  if (!IsSelected(finding) || !RepairFinding(window, finding, undo_file)) return;
+  if (const DiagnosticTest* test = FindDiagnosticTest(finding.SubItem(6).View())) {
+    --window.SeverityCounts[static_cast<std::size_t>(test->severity)];
+  }
+}
+
+void RepairRows(frmMain& window, const std::string& undo_file) {
+  const int rows = window.lvInvalidLoc.Count();
+  for (int index = 1; index <= rows; ++index) {
+    // The list may have been cleared at a yield.
+    if (const ListItem* finding = window.lvInvalidLoc.Item(index)) {
+      RepairRow(window, *finding, undo_file);
+    }
+    window.ProgressBar2.SetValue(index);
+    window.front_end.DoEvents();
+    if (window.StopRequested) return;
+  }
+}
+
+}  // namespace
+
+void cmdFix_Click(frmMain& window) {
+  const std::string undo_file = UndoFilePath(window.application.folder);
+  window.cmdFix.SetVisible(false);
+  window.cmdCancel.SetVisible(false);
+  window.cmdStopFix.SetVisible(true);
+  window.ProgressBar2.SetValue(0);
+  window.ProgressBar2.SetMax(window.ProblemCount == 0 ? 1 : window.ProblemCount);
+
+  RepairRows(window, undo_file);
+
+  window.cmdFix.SetVisible(true);
+  window.cmdStopFix.SetEnabled(false);
+  window.cmdStopFix.SetVisible(false);
+  window.ProgressBar2.SetValue(0);
+  window.lvFound.Clear();
+  window.cmdFinish.SetVisible(true);
+  HideAllFrames(window);
+  window.cmdMenuHome.Click();
+  window.lvProblems.Clear();
+  window.Loadbackup();
+  // "0" whatever was left unselected and wherever the run was stopped. On purpose.
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "OutstandingErrors", "0");
+  window.SetInitValues();
+}
+
+void cmdCancel_Click(frmMain& window) {
+  LoadProgramPicture(window, window.IMGRegistryStatus, "\\Images\\RegHealth-Low.jpg");
+  window.lvInvalidLoc.Clear();
+  window.cmdFinish.Clicked();
+}
+
+}  // namespace tidemark

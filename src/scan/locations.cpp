@@ -1,0 +1,61 @@
+#include "scan/locations.h"
+
+#include <string>
+#include <vector>
+
+#include "helpers/diagnostic_tests.h"
+#include "helpers/settings_key.h"
+#include "helpers/text_helpers.h"
+#include "registry/mdlRegistry.h"
+
+namespace tidemark {
+namespace {
+
+constexpr const char* kAllChecked = "1;1;1;1;1;1;1;1;1;1;1;1";
+
+std::string WithoutLastCharacter(std::string_view text) {
+  text = TrimBlanks(text);
+  return std::string(text.substr(0, text.empty() ? 0 : text.size() - 1));
+}
+
+}  // namespace
+
+void LoadLocations(frmMain& window) {
+  std::vector<std::string> states =
+      Split(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", kAllChecked), ';');
+  if (states.size() != kDiagnosticTests.size()) states = Split(kAllChecked, ';');
+  window.lvLocations.Clear();
+  for (std::size_t index = 0; index < kDiagnosticTests.size(); ++index) {
+    const DiagnosticTest& test = kDiagnosticTests[index];
+    ListItem* row = window.lvLocations.Add(test.code, test.name);
+    row->SetChecked(NumberOf(states[index]) == 1);
+    row->SetSubItem(1, test.description);
+  }
+}
+
+void SaveLocations(frmMain& window) {
+  std::string names;
+  std::string descriptions;
+  std::string states;
+  for (int index = 1; index <= window.lvLocations.Count(); ++index) {
+    const ListItem& row = *window.lvLocations.Item(index);
+    names.append(row.Caption().View()).append(";");
+    descriptions.append(row.SubItem(1).View()).append(";");
+    states.append(row.Checked() ? "1;" : "0;");
+  }
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Locations", WithoutLastCharacter(names));
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocDesc", WithoutLastCharacter(descriptions));
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", WithoutLastCharacter(states));
+}
+
+void chkSelectAll_Click(frmMain& window) {
+  const bool checked = window.chkSelectAll.Value() == 1;
+  for (int index = 1; index <= window.lvLocations.Count(); ++index) {
+    window.lvLocations.Item(index)->SetChecked(checked);
+  }
+  SaveLocations(window);
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "SelectAllLoc",
+                std::to_string(window.chkSelectAll.Value()));
+}
+
+}  // namespace tidemark

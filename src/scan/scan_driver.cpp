@@ -1,0 +1,161 @@
+#include <string>
+
+#include "helpers/diagnostic_tests.h"
+#include "helpers/settings_key.h"
+#include "helpers/text_helpers.h"
+#include "platform/locale_texts.h"
+#include "platform/winapi.h"
+#include "registry/mdlRegistry.h"
+#include "scan/findings.h"
+#include "scan/scan.h"
+#include "window/panels.h"
+
+namespace tidemark {
+namespace {
+
+// Columns of lvScan behind the test's name.
+constexpr int kStatus = 1;
+constexpr int kProblems = 2;
+
+constexpr int kRunningIcon = 1;
+constexpr int kDoneIcon = 2;
+
+void ShowProgressForm(frmMain& window) {
+  window.cmdBack.SetVisible(false);
+  window.cmdScan.SetVisible(false);
+  window.cmdStop.SetVisible(true);
+  window.imgClose.SetEnabled(false);
+  window.lblscanmsg(2).SetVisible(false);
+  window.lblscanmsg(3).SetVisible(true);
+}
+
+void ListCheckedTests(frmMain& window) {
+  for (int index = 1; index <= window.lvLocations.Count(); ++index) {
+    const ListItem& test = *window.lvLocations.Item(index);
+    if (!test.Checked()) continue;
+    window.front_end.DoEvents();
+    if (ListItem* row = window.lvScan.Add(test.Key(), test.Caption())) {
+      row->SetSubItem(kStatus, "Pending");
+    }
+    window.front_end.DoEvents();
+  }
+}
+
+// One row of lvScan from "Analyzing" to "Finished" or "Aborted".
+void RunTest(frmMain& window, ListItem& row) {
+  window.CurrentLocation = row.Key().String();
+  row.SetSubItem(kStatus, "Analyzing");
+  row.SetSubItem(kProblems, "0");
+  window.lvScan.EnsureVisible(&row);
+  window.lvScan.Select(&row);
+  row.SetSmallIcon(kRunningIcon);
+  ScanKey(window, window.CurrentLocation);
+  row.SetSubItem(kStatus, "Finished");
+  row.SetSubItem(kProblems, WholeNumberText(LeadingNumber(row.SubItem(kProblems).View())));
+  row.SetSmallIcon(kDoneIcon);
+  if (window.StopRequested) row.SetSubItem(kStatus, "Aborted");
+}
+
+void RunTests(frmMain& window) {
+  window.lvScan.BringToFront();
+  window.front_end.DoEvents();
+  window.ProblemCount = 0;
+  // The message that a scan takes some minutes goes to a member 0 of lblscanmsg, which does not
+  // exist; so it never shows, on purpose.
+  for (int index = 1; index <= window.lvScan.Count(); ++index) {
+    window.front_end.DoEvents();
+    RunTest(window, *window.lvScan.Item(index));
+    if (window.StopRequested) return;
+    window.front_end.DoEvents();
+  }
+}
+
+void SummarizeRow(frmMain& window, const ListItem& row) {
+  const double problems = LeadingNumber(row.SubItem(kProblems).View());
+  if (problems <= 0) return;
+  ListItem* found = window.lvFound.Add(row.Key(), row.Caption());
+  if (found == nullptr) return;
+  found->SetSubItem(1, row.SubItem(kProblems));
+  const DiagnosticTest* test = FindDiagnosticTest(row.Key().View());
+  if (test == nullptr) return;
+  const auto severity = static_cast<std::size_t>(test->severity);
+  found->SetSmallIcon(test->severity + 1);
+  found->SetSubItem(2, kSeverityWords[severity]);
+  window.SeverityCounts[severity] += RoundToLong(problems).value_or(0);
+}
+
+void ShowFindings(frmMain& window) {
+  window.lblFound.SetCaption("Problems Found : " + std::to_string(window.ProblemCount));
+  window.SeverityCounts = {};
+  for (int index = 1; index <= window.lvScan.Count(); ++index) {
+    window.front_end.DoEvents();
+    if (const ListItem* row = window.lvScan.Item(index)) SummarizeRow(window, *row);
+  }
+  if (window.lvFound.Count() > 0) {
+    window.lvFound.Select(window.lvFound.Item(1));
+    lvFound_Click(window);
+  }
+}
+
+void ShowResultsPage(frmMain& window) {
+  HideAllFrames(window);
+  window.picClear.SetVisible(true);
+  window.cmdStopFix.SetEnabled(true);
+  window.cmdCancel.SetEnabled(true);
+  window.cmdCancel.SetVisible(true);
+  window.cmdScan.SetVisible(true);
+  window.cmdStop.SetVisible(false);
+}
+
+void StoreStatistics(frmMain& window) {
+  const auto save = [](const char* name, const std::string& text) {
+    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
+  };
+  const auto read = [](const char* name, const char* default_text) {
+    return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, default_text);
+  };
+  // A total that does not fit 32 bits is not taken over.
+  window.TotalToDate =
+      RoundToLong(LeadingNumber(read("TotalCount", "0"))).value_or(window.TotalToDate);
+  window.TotalToDate = RoundToLong(static_cast<double>(window.TotalToDate) + window.ProblemCount)
+                           .value_or(window.TotalToDate);
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  save("LastRunTime", TimeText(now));
+  save("LastRunDate", DateText(now));
+  save("TotalCount", std::to_string(window.TotalToDate));
+  save("LastCount", std::to_string(window.ProblemCount));
+  save("OutstandingErrors", std::to_string(window.ProblemCount));
+  window.lblTotaltodate.SetCaption(std::to_string(window.TotalToDate));
+  window.lblLastscan.SetCaption(std::to_string(window.ProblemCount));
+  window.LastRunTime = read("LastRunTime", "");
+  window.LastRunDate = read("LastRunDate", "");
+}
+
+}  // namespace
+
+void cmdScan_Click(frmMain& window) {
+  window.ScanRunning = true;
+  CtlStatus(window, false);
+  ShowProgressForm(window);
+  window.StopRequested = false;
+  for (ListView* list :
+       {&window.lvInvalidLoc, &window.lvFound, &window.lvProblems, &window.lvScan}) {
+    list->Clear();
+  }
+  ListCheckedTests(window);
+  if (window.lvScan.Count() == 0) {
+    // The finish runs all the same, with the count of the scan before. On purpose.
+    window.front_end.ShowMessage("No diagnostic test,  please select test to scan",
+                                 window.application.title);
+  } else {
+    RunTests(window);
+    ShowFindings(window);
+  }
+  ShowResultsPage(window);
+  StoreStatistics(window);
+  window.imgClose.SetEnabled(true);
+  window.ScanRunning = false;
+}
+
+}  // namespace tidemark

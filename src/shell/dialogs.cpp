@@ -1,0 +1,47 @@
+#include "shell/dialogs.h"
+
+#include "helpers/system_helpers.h"
+#include "platform/winapi.h"
+
+namespace tidemark {
+namespace {
+
+void CloseAbout(frmMain& window) {
+  const auto closing = std::move(window.about);
+  if (closing) window.front_end.Unload(closing->form);
+}
+
+// The box goes, so that the next question makes a new one.
+void CloseMessBox(frmMain& window) {
+  const auto closing = std::move(window.mess_box);
+  if (closing) window.front_end.Unload(closing->form);
+}
+
+void Answer(frmMain& window, const char* answer) {
+  window.MessBoxAnswer = answer;
+  CloseMessBox(window);
+}
+
+}  // namespace
+
+void ShowAbout(frmMain& window) {
+  if (!window.about) {
+    window.about = std::make_unique<frmAbout>();
+    window.about->cmdOK.Clicked.Bind([&window] { CloseAbout(window); });
+    window.about->cmdSupport.Clicked.Bind(
+        [] { OpenWebPage("/support.php", "open", "1", "1", SW_SHOWMAXIMIZED); });
+  }
+  window.front_end.Show(window.about->form);
+}
+
+frmMessBox& NewMessBox(frmMain& window) {
+  window.mess_box = std::make_unique<frmMessBox>();
+  frmMessBox& box = *window.mess_box;
+  box.form.Load.Bind([&box] { box.form.SetTopmost(true); });
+  box.cmdYes.Clicked.Bind([&window] { Answer(window, "YES"); });
+  box.cmdNo.Clicked.Bind([&window] { Answer(window, "NO"); });
+  box.cmdOK.Clicked.Bind([&window] { CloseMessBox(window); });
+  return box;
+}
+
+}  // namespace tidemark

@@ -1,0 +1,70 @@
+#include "shell/status.h"
+
+#include <string>
+
+#include "helpers/settings_key.h"
+#include "helpers/text_helpers.h"
+#include "platform/locale_texts.h"
+#include "platform/winapi.h"
+#include "registry/mdlRegistry.h"
+#include "scan/locations.h"
+#include "window/panels.h"
+
+namespace tidemark {
+namespace {
+
+std::string Setting(const char* name, const char* default_text) {
+  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, default_text);
+}
+
+// A number that does not fit leaves the old one.
+void TakeNumber(int& number, const std::string& text) {
+  number = RoundToLong(LeadingNumber(text)).value_or(number);
+}
+
+// A few open problems, 1 to 5, leave the picture as it is. On purpose.
+void ShowHealth(frmMain& window) {
+  constexpr double kFewProblems = 5;
+  const double errors = LeadingNumber(window.OutstandingErrors);
+  if (window.OutstandingErrors.empty()) {
+    LoadProgramPicture(window, window.IMGRegistryStatus, "\\Images\\RegHealth-Unknown.jpg");
+  } else if (errors > kFewProblems) {
+    LoadProgramPicture(window, window.IMGRegistryStatus, "\\Images\\RegHealth-Low.jpg");
+  } else if (errors == 0) {
+    LoadProgramPicture(window, window.IMGRegistryStatus, "\\Images\\RegHealth-Healthy.jpg");
+  }
+}
+
+}  // namespace
+
+void SetInitValues(frmMain& window) {
+  SetStat(window);
+  window.lblTotaltodate.SetCaption(Setting("TotalCount", "0"));
+  window.lblLastscan.SetCaption(Setting("LastCount", "0"));
+  ShowHealth(window);
+  TakeNumber(window.ShowinSystray, Setting("ShowinSystray", "0"));
+  int select_all = window.chkSelectAll.Value();
+  TakeNumber(select_all, Setting("SelectAllLoc", "0"));
+  window.chkSelectAll.SetValue(select_all);
+  window.LoadOptions();
+  LoadLocations(window);
+  window.Loadbackup();
+  window.Scheduler();
+  // "ChkRecyclebin" is read for a check box that does not exist; it has no effect, on purpose.
+}
+
+void SetStat(frmMain& window) {
+  window.LastRunTime = Setting("LastRunTime", "");
+  window.LastRunDate = Setting("LastRunDate", "");
+  window.OutstandingErrors = Setting("OutstandingErrors", "");
+  if (window.LastRunDate.empty()) {
+    window.lblLastDate.SetCaption("Date: Not Available   Time: Not Available");
+    return;
+  }
+  // A text that is no date stands as it is stored.
+  const auto date = ParseDate(window.LastRunDate);
+  const std::string date_text = date ? LongDateText(*date) : window.LastRunDate;
+  window.lblLastDate.SetCaption(date_text + " - " + window.LastRunTime);
+}
+
+}  // namespace tidemark

@@ -1,0 +1,114 @@
+// The platform's list view in its report form: rows with a key, a text and the texts of the further
+// columns, a check mark, a small icon. A row is a record of the program; there is no model beneath.
+//
+// By position and by key a row is found in constant time, and a row stays where it is in memory
+// until it is removed or the list cleared. Rows are counted from 1, as on the platform.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "toolkit/control.h"
+
+namespace tidemark {
+
+struct ColumnHeader {
+  Text text;
+  int width_twips = 0;
+  Text tag;
+};
+
+class ListItem {
+ public:
+  static constexpr int kMaxSubItems = 6;
+
+  const Text& Key() const { return key_; }
+  const Text& Caption() const { return texts_[0]; }
+  void SetCaption(Text text) { texts_[0] = std::move(text); }
+  // Columns behind the first, from 1 to kMaxSubItems; another index gives an empty text.
+  const Text& SubItem(int index) const;
+  void SetSubItem(int index, Text text);
+  bool Checked() const { return checked_; }
+  void SetChecked(bool checked) { checked_ = checked; }
+  // Number of a picture in the list's image list, from 1; 0 is none.
+  int SmallIcon() const { return small_icon_; }
+  void SetSmallIcon(int icon) { small_icon_ = icon; }
+
+ private:
+  friend class ListView;
+  Text key_;
+  std::array<Text, kMaxSubItems + 1> texts_;
+  int small_icon_ = 0;
+  bool checked_ = false;
+};
+
+enum class SortOrder { kAscending = 0, kDescending = 1 };
+
+class ListView : public Control {
+ public:
+  using Control::Control;
+
+  std::vector<ColumnHeader> columns;
+  bool check_boxes = false;
+
+  Event<> Clicked;  // a click on a row, which is then the selected one
+  Event<ListItem&> ItemChecked;
+  Event<int> ColumnClicked;  // the column, from 1
+  Event<> DoubleClicked;
+  Event<> MouseUp;
+
+  int Count() const { return static_cast<int>(order_.size()); }
+  // From 1 to Count(); null for another index.
+  ListItem* Item(int index);
+  const ListItem* Item(int index) const { return const_cast<ListView*>(this)->Item(index); }
+  // Null when no row has the key. An empty key is no key.
+  ListItem* Item(std::string_view key);
+
+  // Adds a row at the end, or where the sort order puts it. Null, and nothing is added, when the
+  // key is taken.
+  ListItem* Add(Text key, Text caption);
+  void Clear();
+
+  ListItem* SelectedItem() const { return selected_; }
+  void Select(ListItem* item) { selected_ = item; }
+  // The row that is to be scrolled into view; a front end shows it at its next repaint.
+  ListItem* VisibleItem() const { return ensure_visible_; }
+  void EnsureVisible(ListItem* item) { ensure_visible_ = item; }
+
+  // Sorting compares the texts of column sort_key (0 is the first), letter case ignored; rows with
+  // equal texts keep their order. Switching it on sorts at once; SortBy sorts again when it is on.
+  int SortKey() const { return sort_key_; }
+  SortOrder Order() const { return sort_order_; }
+  bool Sorted() const { return sorted_; }
+  void SortBy(int sort_key, SortOrder order);
+  void SetSorted(bool sorted);
+
+  // As a person does it: each changes the list, then raises the event. A disabled list does
+  // nothing.
+  void UserSelect(ListItem& item);
+  void UserCheck(ListItem& item, bool checked);
+  void UserColumnClick(int column);
+  void UserDoubleClick();
+
+ private:
+  std::size_t FindSlot(std::string_view key) const;
+  void GrowIndex();
+  bool Before(const ListItem& left, const ListItem& right) const;
+  void SortRows();
+
+  std::deque<ListItem> rows_;     // in the order they were added
+  std::vector<ListItem*> order_;  // as they stand in the list
+  // Open addressing over the keys of rows_: a row's number plus 1, or 0. A power of two in size.
+  std::vector<std::uint32_t> index_;
+  ListItem* selected_ = nullptr;
+  ListItem* ensure_visible_ = nullptr;
+  int sort_key_ = 0;
+  SortOrder sort_order_ = SortOrder::kAscending;
+  bool sorted_ = false;
+};
+
+}  // namespace tidemark

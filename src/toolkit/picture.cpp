@@ -1,0 +1,10 @@
+#include "platform/file_system_object.h"
+#include "toolkit/controls.h"
+
+namespace tidemark {
+
+void ImageBox::LoadPicture(const std::string& file) {
+  if (FileSystemObject().FileExists(file)) picture_file_ = file;
+}
+
+}  // namespace tidemark

@@ -1,0 +1,34 @@
+// The small windows beside the main one.
+#pragma once
+
+#include "toolkit/controls.h"
+
+namespace tidemark {
+
+// Shown for the first 1500 milliseconds of the program.
+struct frmSplash {
+  frmSplash() { form.SetCaption("Tidemark!"); }
+  Form form{"frmSplash"};
+};
+
+struct frmAbout {
+  frmAbout();
+  Form form{"frmAbout"};
+  Label lblTitle{&form, "lblTitle"};
+  Label lblVersion{&form, "lblVersion"};
+  CommandButton cmdOK{&form, "cmdOK"};
+  CommandButton cmdSupport{&form, "cmdSupport"};
+};
+
+// The question box. It is shown without modality: who asks sets MessBoxAnswer to "EMPTY" and yields
+// until it says "YES" or "NO".
+struct frmMessBox {
+  frmMessBox();
+  Form form{"frmMessBox"};
+  Label lblMessage{&form, "lblMessage"};
+  CommandButton cmdYes{&form, "cmdYes"};
+  CommandButton cmdNo{&form, "cmdNo"};
+  CommandButton cmdOK{&form, "cmdOK"};
+};
+
+}  // namespace tidemark

@@ -1,0 +1,30 @@
+#include "window/panels.h"
+
+#include <initializer_list>
+#include <string>
+
+namespace tidemark {
+
+void HideAllFrames(frmMain& window) {
+  for (Control* panel : std::initializer_list<Control*>{
+           &window.picAbout, &window.picAdvOptions(0), &window.picAdvOptions(1),
+           &window.picAdvOptions(2), &window.picClear, &window.picJunkScan, &window.picOptions,
+           &window.picScan, &window.picScaningJunk, &window.picWelcome}) {
+    panel->SetVisible(false);
+  }
+}
+
+void HighLightButtons(frmMain& window) {
+  LoadProgramPicture(window, window.cmdMenuHome, "\\images\\overview.jpg");
+  LoadProgramPicture(window, window.cmdMenuScan, "\\images\\RegistryScan.jpg");
+  LoadProgramPicture(window, window.cmdMenuBackups, "\\images\\backup.jpg");
+  LoadProgramPicture(window, window.cmdMenuAdvanced, "\\images\\settings.jpg");
+}
+
+void CtlStatus(frmMain& /*window*/, bool /*enabled*/) {}
+
+void LoadProgramPicture(const frmMain& window, ImageBox& image, std::string_view file) {
+  image.LoadPicture(std::string(window.application.folder).append(file));
+}
+
+}  // namespace tidemark

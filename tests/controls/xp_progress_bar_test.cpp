@@ -1,0 +1,182 @@
+#include "controls/xp_progress_bar.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tidemark {
+namespace {
+
+constexpr Pixel kWhite = 0xFFFFFF;
+
+struct ProgressBar : testing::Test {
+  ProgressBar() { bar.SetSize(103, 20); }
+
+  Pixel At(int x, int y) { return bar.Picture().GetPixel(x, y); }
+  // One behind the last column of the row that is not white, frame left out.
+  int BarEnd(int y = 10) {
+    int end = bar.Picture().Width() - 2;
+    while (end > 2 && At(end - 1, y) == kWhite) --end;
+    return end;
+  }
+  bool HasText(Pixel color) {
+    const auto& pixels = bar.Picture().Pixels();
+    return std::count(pixels.begin(), pixels.end(), color) > 0;
+  }
+
+  XP_ProgressBar bar{nullptr, "pbarScan"};
+};
+
+TEST_F(ProgressBar, TurnsAValueIntoAWholePercentageAndBack) {
+  struct {
+    int min, max, value, percent, read_back;
+  } const cases[] = {
+      {0, 100, 37, 37, 37},
+      {0, 100, 250, 100, 100},
+      {0, 100, -5, -5, -5},
+      {0, 8, 1, 12, 1},        // 12.5: half to even
+      {0, 200, 3, 2, 4},       // 1.5
+      {0, 200, 1, 0, 0},       // 0.5
+      {10, 100, 20, 30, 3},    // Min is added, and divides what is read
+      {-10, 100, 20, 10, 10},  // only a Min of 1 or more divides
+      {0, 2000000000, 2000000000, 100, 2000000000},
+      {0, 1, 2000000000, 0, 0},  // 2E11 % is no 32-bit number: nothing happens
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.min << ' ' << c.max << ' ' << c.value);
+    XP_ProgressBar fresh(nullptr, "bar");
+    fresh.SetMin(c.min);
+    fresh.SetMax(c.max);
+    fresh.SetValue(c.value);
+    EXPECT_EQ(fresh.Percent(), c.percent);
+    EXPECT_EQ(fresh.Value(), c.read_back);
+  }
+}
+
+TEST_F(ProgressBar, StallsWhenSteppedByOneThroughTwoHundred) {
+  for (const auto& [max, percent] : {std::pair{100, 100}, {200, 0}, {1000, 0}}) {
+    bar.SetMax(max);
+    bar.SetValue(0);
+    for (int step = 0; step < max; ++step) bar.SetValue(bar.Value() + 1);
+    EXPECT_EQ(bar.Percent(), percent) << max;
+  }
+}
+
+TEST_F(ProgressBar, KeepsPositionAndPictureWhenMaxIsZero) {
+  bar.SetValue(50);
+  const auto before = bar.Picture().Pixels();
+  bar.SetMax(0);
+  bar.SetValue(10);
+  EXPECT_EQ(bar.Percent(), 50);
+  EXPECT_EQ(bar.Picture().Pixels(), before);
+}
+
+TEST_F(ProgressBar, EndsOnAChunkBoundary) {
+  // A work area of 100 pixels from 3 on; chunk and gap are 8 pixels in style 0, else 4.
+  struct {
+    int style, percent, end;
+  } const cases[] = {{0, 0, 2},     {0, 49, 49}, {0, 100, 97}, {1, 49, 51},
+                     {1, 100, 101}, {2, 10, 11}, {0, -50, 2}};
+  for (const auto& c : cases) {
+    bar.SetScrolling(c.style);
+    bar.SetValue(c.percent);
+    EXPECT_EQ(BarEnd(), c.end) << c.style << ' ' << c.percent;
+  }
+}
+
+TEST_F(ProgressBar, DrawsChunksWithWhiteGapsInABevel) {
+  bar.SetValue(98);
+  EXPECT_NE(At(3, 10), kWhite);
+  EXPECT_NE(At(8, 10), kWhite);
+  EXPECT_EQ(At(9, 10), kWhite);
+  EXPECT_EQ(At(10, 10), kWhite);
+  EXPECT_NE(At(11, 10), kWhite);
+  EXPECT_EQ(At(50, 0), 0xBEBEBEU);
+  EXPECT_EQ(At(0, 10), 0xBEBEBEU);
+  EXPECT_EQ(At(50, 1), 0xEFEFEFU);
+  EXPECT_EQ(At(50, 19), 0xEFEFEFU);
+  // Lighter at the middle; the colour itself between the middle and the edge.
+  bar.SetColor(0xFF773D);
+  EXPECT_EQ(At(4, 10), ShadeColor(0x3D77FF, 220));
+  EXPECT_EQ(At(4, 3), 0x3D77FFU);
+}
+
+TEST_F(ProgressBar, StandsUprightWhenVertical) {
+  bar.SetSize(20, 96);
+  bar.SetOrientation(1);
+  bar.SetScrolling(1);
+  bar.SetValue(49);
+  EXPECT_EQ(At(10, 47), kWhite);
+  EXPECT_NE(At(10, 48), kWhite);
+  EXPECT_NE(At(10, 93), kWhite);
+}
+
+TEST_F(ProgressBar, PaintsTheOtherStylesUpToThePosition) {
+  const Pixel color = 0x800000;
+  bar.SetColor(0x000080);
+  bar.SetSize(104, 20);
+  bar.SetValue(50);
+  bar.SetScrolling(3);
+  EXPECT_EQ(At(51, 18), ShadeColor(color, 180));
+  EXPECT_EQ(At(51, 19), color);
+  EXPECT_EQ(At(52, 0), ShadeColor(color, 100));
+  bar.SetScrolling(4);
+  EXPECT_EQ(At(2, 2), ShadeColor(color, 140));
+  EXPECT_EQ(At(51, 17), ShadeColor(color, 200));
+  EXPECT_EQ(At(52, 17), kWhite);
+  bar.SetScrolling(8);
+  EXPECT_EQ(At(2, 2), kWhite);
+  Canvas pattern(2, 2);
+  pattern.SetPixel(1, 0, 0x00FF00);
+  bar.SetImage(pattern);
+  EXPECT_EQ(At(3, 2), 0x00FF00U);
+  EXPECT_EQ(At(2, 2), kWhite);
+  EXPECT_EQ(BarEnd(2), 52);
+  bar.SetScrolling(6);
+  EXPECT_EQ(At(90, 10), 0U);
+}
+
+TEST_F(ProgressBar, ShowsTextOnlyWhenAsked) {
+  bar.SetColor(0x00FF00);
+  for (int style = 0; style <= 9; ++style) {
+    SCOPED_TRACE(style);
+    bar.SetScrolling(style);
+    bar.SetShowText(false);
+    const auto plain = bar.Picture().Pixels();
+    bar.SetShowText(true);
+    EXPECT_NE(bar.Picture().Pixels(), plain);
+    EXPECT_TRUE(HasText(style == 6 ? 0xC0C0C0 : 0x000000));
+  }
+  BarLook look;
+  look.percent = 7;
+  EXPECT_EQ(BarText(look), "7 %");
+  look.scrolling = 2;
+  EXPECT_EQ(BarText(look), "Searching..");
+}
+
+TEST_F(ProgressBar, RepaintsForWhatShowsAndNotForMinMaxAndBrush) {
+  bar.SetScrolling(7);
+  bar.SetValue(90);
+  const auto version = bar.PictureVersion();
+  bar.SetMax(1000);
+  bar.SetBrushStyle(0);
+  EXPECT_EQ(bar.PictureVersion(), version);
+  const auto crossed = bar.Picture().Pixels();
+  bar.SetValue(900);
+  EXPECT_GT(bar.PictureVersion(), version);
+  EXPECT_NE(bar.Picture().Pixels(), crossed);
+}
+
+TEST_F(ProgressBar, TurnsSystemColoursIntoPlainOnes) {
+  bar.SetColor(0x80000005);
+  EXPECT_EQ(bar.Color(), 0xFFFFFFU);
+  bar.SetColor(0x800000FF);
+  EXPECT_EQ(bar.Color(), 0U);
+  EXPECT_EQ(PixelOf(0xFF773D), 0x3D77FFU);
+  EXPECT_EQ(ShadeColor(0x3D77FF, 0), 0x3D77FFU);
+  EXPECT_EQ(ShadeColor(0x3D77FF, 255), kWhite);
+  EXPECT_EQ(ShadeColor(0x000064, 155), 0x9B9BC2U);
+}
+
+}  // namespace
+}  // namespace tidemark

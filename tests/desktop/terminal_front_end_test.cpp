@@ -1,0 +1,242 @@
+#include "desktop/terminal/terminal_front_end.h"
+
+#include <gmock/gmock.h>
+
+#include <deque>
+
+#include "window/frmMain.h"
+#include "window/panels.h"
+
+namespace tidemark {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+class ScriptedConsole : public Console {
+ public:
+  explicit ScriptedConsole(bool interactive) : interactive_(interactive) {}
+
+  std::deque<std::string> lines;  // then the input ends
+  std::string written;
+  std::string errors;
+
+  bool IsInteractive() const override { return interactive_; }
+  bool HasColor() const override { return false; }
+  ConsoleSize Size() const override { return {.width = 80, .height = 24}; }
+  ConsoleInput Wait(int) override {
+    if (lines.empty()) return {.kind = ConsoleInput::Kind::kEnd, .line = {}};
+    ConsoleInput input{.kind = ConsoleInput::Kind::kLine, .line = lines.front()};
+    lines.pop_front();
+    return input;
+  }
+  bool CloseRequested() const override { return false; }
+  void Write(std::string_view text) override { written += text; }
+  void WriteError(std::string_view text) override { errors += text; }
+
+ private:
+  bool interactive_;
+};
+
+// The main window on its results page, with three problems.
+class TerminalTest : public testing::Test {
+ protected:
+  explicit TerminalTest(bool interactive = false) : console(interactive) {
+    HideAllFrames(window);
+    window.picClear.SetVisible(true);
+    for (const char* key : {"K1", "K2", "K3"}) {
+      window.lvProblems.Add(key, "HKEY_CLASSES_ROOT\\" + std::string(key))->SetChecked(true);
+    }
+    window.lvProblems.ItemChecked.Bind([this](ListItem& item) {
+      ticked.push_back(item.Key().String() + (item.Checked() ? "+" : "-"));
+    });
+    window.form.Unload.Bind([this] {
+      ++closed;
+      front_end.End();
+    });
+  }
+
+  int Run(std::deque<std::string> lines) {
+    console.lines = std::move(lines);
+    return front_end.Run(window.form, [this] { front_end.Show(window.form); });
+  }
+
+  // Yields until the window is told to stop, as a scan does.
+  void WorkUntilStopped() {
+    for (long yield = 0; !window.StopRequested && yield < 100'000'000; ++yield) {
+      front_end.DoEvents();
+    }
+  }
+
+  ScriptedConsole console;
+  TerminalFrontEnd front_end{console};
+  frmMain window{front_end, {}};
+  std::vector<std::string> ticked;
+  int closed = 0;
+};
+
+TEST_F(TerminalTest, ClicksByNameInAnyLetterCaseAndShowsWhatChanged) {
+  window.cmdFix.Clicked.Bind([this] { window.lblFound.SetCaption("all repaired"); });
+  EXPECT_EQ(Run({"# a comment", "", "CLICK cmdfix"}), 0);
+  EXPECT_THAT(console.written, HasSubstr(" all repaired\n"));
+  EXPECT_THAT(console.written, HasSubstr("[ cmdFix Repair ]"));
+  EXPECT_EQ(console.errors, "");
+}
+
+TEST_F(TerminalTest, PrintsAPageOnceAndWithoutWhatNobodySees) {
+  window.lvInvalidLoc.Add("K1", "beyond the window's edge");
+  HideAllFrames(window);
+  window.picScan.SetVisible(true);
+  window.lvLocations.Add("LIB", "TypeLibs");
+  window.lvScan.Add("LIB", "behind the selection");
+  Run({"page lvLocations next", "tick chkSelectAll"});
+  const std::size_t first = console.written.find("lvLocations");
+  const std::size_t second = console.written.find("lvLocations", first + 1);
+  EXPECT_NE(second, std::string::npos) << "the tick changes the page";
+  EXPECT_EQ(console.written.find("lvLocations", second + 1), std::string::npos);
+  EXPECT_THAT(console.written, HasSubstr("[x] chkSelectAll"));
+  EXPECT_THAT(console.written, Not(HasSubstr("behind")));
+  EXPECT_THAT(console.written, Not(HasSubstr("beyond")));
+  EXPECT_THAT(console.written, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(TerminalTest, TicksReachTheRowsHandler) {
+  struct Case {
+    std::string command;
+    std::vector<std::string> ticked;
+  };
+  for (const Case& c :
+       {Case{"untick lvProblems 2", {"K2-"}}, Case{"tick lvProblems all", {"K2+"}},
+        Case{"untick lvProblems 1-2 3", {"K1-", "K2-", "K3-"}}, Case{"tick lvProblems k3", {}},
+        Case{"tick lvProblems K3", {"K3+"}}, Case{"tick lvProblems hkey_classes_root\\K1", {"K1+"}},
+        Case{"untick lvProblems 3-9", {}}}) {
+    ticked.clear();
+    Run({c.command});
+    EXPECT_EQ(ticked, c.ticked) << c.command;
+  }
+}
+
+TEST_F(TerminalTest, RefusesWhatAPersonCouldNotDo) {
+  window.cmdCancel.SetEnabled(false);
+  bool clicked = false;
+  window.cmdScan.Clicked.Bind([&clicked] { clicked = true; });
+  for (const auto& [command, reason] : std::vector<std::pair<std::string, std::string>>{
+           {"click cmdScan", "cmdScan is not shown"},
+           {"click cmdCancel", "cmdCancel is disabled"},
+           {"click nothing", "there is no control named nothing"},
+           {"click", "which control?"},
+           {"click lvProblems", "lvProblems can't be clicked"},
+           {"select cmdFix 1", "cmdFix is no list"},
+           {"select lvProblems 4", "lvProblems has no row 4"},
+           {"select lvProblems 99999999999999999999", "has no row"},
+           {"select lvProblems", "which row"},
+           {"tick lvFound all", "lvFound has no check boxes"},
+           {"press lvProblems column 8", "lvProblems has columns 1 to 7"},
+           {"show lvProblems 0", "show LIST"},
+           {"page lvProblems sideways", "page LIST"},
+           {"\x1b[2J \xff", "there is no command ·[2J"}}) {
+    console.errors.clear();
+    EXPECT_EQ(Run({command}), 1) << command;
+    EXPECT_THAT(console.errors, HasSubstr(reason));
+  }
+  EXPECT_FALSE(clicked);
+}
+
+TEST_F(TerminalTest, AScriptReadsAListWithItsFullTexts) {
+  window.lvProblems.Item(2)->SetSubItem(2, "C:\\gone\t\x1b[31m.dll");
+  Run({"show lvProblems 2 1", "show lblFound", "show cmdScan"});
+  EXPECT_THAT(console.written,
+              HasSubstr("row\tkey\tchecked\tInvalid data location\tValue name\tValue Data\tReason\t"
+                        "Type\tSelected\tloc\n"
+                        "2\tK2\t[x]\tHKEY_CLASSES_ROOT\\K2\t\tC:\\gone··[31m.dll\t\t\t\t\n"));
+  EXPECT_THAT(console.written, HasSubstr("Scan (not shown)\n"));
+}
+
+TEST_F(TerminalTest, AListThatShrinksUnderItsScrollingShowsWhatIsLeft) {
+  for (int row = 4; row <= 50; ++row) window.lvProblems.Add("K" + std::to_string(row), "more");
+  window.cmdFix.Clicked.Bind([this] {
+    window.lvProblems.Clear();
+    window.lvProblems.Add("K1", "the last one");
+  });
+  Run({"select lvProblems 50", "page lvProblems 31", "page lvProblems back", "click cmdFix"});
+  EXPECT_THAT(console.written, HasSubstr(" 31-50 of 50 rows "));
+  EXPECT_THAT(console.written, HasSubstr("> 50  [ ] more"));
+  EXPECT_THAT(console.written, HasSubstr(" 11-30 of 50 rows "));
+  EXPECT_THAT(console.written, HasSubstr("  1  [ ] the last one"));
+}
+
+TEST_F(TerminalTest, TheEndOfInputClosesTheWindowOnce) {
+  EXPECT_EQ(Run({}), 0);
+  EXPECT_EQ(closed, 1);
+  Run({"quit", "click cmdFix"});
+  EXPECT_EQ(closed, 2);
+  EXPECT_THAT(console.lines, ElementsAre("click cmdFix"));
+}
+
+TEST_F(TerminalTest, AScriptsCommandsWaitForTheEndOfTheWork) {
+  window.cmdFix.Clicked.Bind([this] {
+    for (int yield = 0; yield < 10'000; ++yield) front_end.DoEvents();
+    EXPECT_THAT(console.lines, ElementsAre("click cmdCancel"));
+  });
+  window.cmdCancel.Clicked.Bind([this] { window.StopRequested = true; });
+  EXPECT_EQ(Run({"click cmdFix", "click cmdCancel"}), 0);
+  EXPECT_TRUE(window.StopRequested);
+}
+
+TEST_F(TerminalTest, AQuestionInTheMiddleOfTheWorkIsAnswered) {
+  window.cmdFix.Clicked.Bind([this] {
+    window.MessBoxAnswer = "EMPTY";
+    window.mess_box = std::make_unique<frmMessBox>();
+    window.mess_box->lblMessage.SetCaption("Really?");
+    window.mess_box->cmdNo.Clicked.Bind([this] {
+      window.MessBoxAnswer = "NO";
+      front_end.Unload(window.mess_box->form);
+    });
+    window.mess_box->form.Unload.Bind([this] { window.mess_box.reset(); });
+    front_end.Show(window.mess_box->form);
+    while (window.MessBoxAnswer == "EMPTY") front_end.DoEvents();
+    window.lblFound.SetCaption("answered " + window.MessBoxAnswer);
+  });
+  EXPECT_EQ(Run({"click cmdFix", "click cmdNo"}), 0);
+  EXPECT_THAT(console.written, HasSubstr("Really?"));
+  EXPECT_THAT(console.written, HasSubstr("answered NO"));
+}
+
+TEST_F(TerminalTest, CloseTakesTheDialogFirst) {
+  window.cmdFix.Clicked.Bind([this] {
+    window.about = std::make_unique<frmAbout>();
+    window.about->form.Unload.Bind([this] { window.about.reset(); });
+    front_end.Show(window.about->form);
+  });
+  Run({"click cmdFix", "close", "show lblVersion", "close", "click cmdFix"});
+  EXPECT_EQ(window.about, nullptr);
+  EXPECT_THAT(console.errors, HasSubstr("no control named lblVersion"));
+  EXPECT_THAT(console.lines, ElementsAre("click cmdFix"));
+}
+
+class TerminalScreenTest : public TerminalTest {
+ protected:
+  TerminalScreenTest() : TerminalTest(true) {}
+};
+
+TEST_F(TerminalScreenTest, AStopTypedInTheMiddleOfTheWorkIsTaken) {
+  window.cmdFix.Clicked.Bind([this] {
+    window.cmdStopFix.SetVisible(true);
+    WorkUntilStopped();
+  });
+  window.cmdStopFix.Clicked.Bind([this] { window.StopRequested = true; });
+  EXPECT_EQ(Run({"click cmdFix", "click cmdStopFix", "frob"}), 0);
+  EXPECT_TRUE(window.StopRequested);
+  EXPECT_THAT(console.written, HasSubstr("there is no command frob"));
+}
+
+TEST_F(TerminalScreenTest, ClosingInTheMiddleOfTheWorkDoesNotWaitForIt) {
+  window.cmdFix.Clicked.Bind([this] { WorkUntilStopped(); });
+  Run({"click cmdFix", "quit"});
+  EXPECT_EQ(closed, 1);
+  EXPECT_FALSE(window.StopRequested);
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,126 @@
+#include "helpers/check_valid.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/key_names.h"
+#include "helpers/system_helpers.h"
+#include "helpers/text_helpers.h"
+#include "tests/support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+struct Judged {
+  std::string text;
+  bool valid;
+};
+
+TEST(CheckValid, JudgesCommandLinesByTheProgramThatTheyStart) {
+  TestPc pc;
+  const std::string base = pc.folder();
+  pc.MakeFile(base + "\\Program Files\\App\\app.exe");
+  pc.MakeFile(base + "\\App.v2\\tool.exe");
+  pc.MakeFile(base + "\\Tools\\app.exe");
+  pc.MakeFile(base + "\\lib\\codec.dll");
+  const std::vector<Judged> cases = {
+      {base + "\\Program Files\\App", true},
+      {base + "\\Program Files\\App\\app.exe", true},
+      {base + "\\Program Files\\App\\app.exe /silent", true},
+      {base + "\\Program Files\\App\\app.exe -run", true},
+      {base + "\\Program Files\\App\\app.exe,-3", true},
+      {base + "\\Program Files\\App\\app.exe;0", true},
+      {base + "\\Program Files\\App\\app.exe%1", true},
+      {"\"" + base + "\\Program Files\\App\\app.exe\" -run", true},
+      {"\"" + base + "\\Program Files\\App\\gone.exe\" -run", false},
+      {base + "\\Tools\\app", true},  // a program's extension is added
+      {base + "\\Tools\\app -x", false},
+      {base + "\\App.v2\\tool.exe", true},
+      {base + "\\App.v2\\tool.exe -x", false},  // the folder's dot ends the cut too early
+      {base + "\\lib\\codec.dll", true},
+      {base + "\\lib\\gone.dll", false},
+      {"@" + base + "\\lib\\codec.dll,-101", true},
+      {"run it: " + base + "\\lib\\codec.dll", true},
+      {"Rundll32 " + base + "\\lib\\codec.dll,Start", true},
+      {"RunDll32 " + base + "\\lib\\gone.dll,Start", false},
+      {base + "\\none\\Rundll32 codec.dll,Start", false},
+  };
+  for (const Judged& one : cases) EXPECT_EQ(CheckValid(one.text), one.valid) << one.text;
+}
+
+TEST(CheckValid, LeansTowardsValidForWhatItCannotUnderstand) {
+  TestPc pc;
+  const std::vector<Judged> cases = {
+      {"X:\\gone\\gone.exe", true},
+      {"u:\\gone.exe", true},
+      {"T:\\gone folder\\gone.exe", false},
+      {"1.dll", true},
+      {"%NoSuchVariable%\\gone.exe", true},
+      {"%NoSuchVariable%;C:\\gone folder\\gone.exe", false},
+      {"", true},  // the file-system object calls an empty folder name a mistake, not missing
+      {"gone", false},
+      {"gone.exe", false},
+  };
+  for (const Judged& one : cases) EXPECT_EQ(CheckValid(one.text), one.valid) << one.text;
+}
+
+TEST(CheckValid, FindsBareNamesInTheSystemFoldersAlone) {
+  TestPc pc;
+  const std::string name = "tm-" + pc.folder().substr(pc.folder().rfind('\\') + 1);
+  const std::string in_system = GetWindowsDir() + "\\system32\\" + name + ".dll";
+  pc.MakeFile(in_system);
+  const std::vector<Judged> cases = {
+      {name + ".dll", true},
+      {name + ".dll /s", true},
+      {name, false},  // no extension is tried in the system folders
+      {"%SystemRoot%\\system32\\" + name + ".dll", true},
+  };
+  for (const Judged& one : cases) EXPECT_EQ(CheckValid(one.text), one.valid) << one.text;
+}
+
+TEST(KeyNames, ARowCanNeverMeanAWholeRoot) {
+  EXPECT_EQ(SplitSubKey("HKEY_CLASSES_ROOT\\"), "abcdefgh");
+  EXPECT_EQ(SplitSubKey("HKEY_CLASSES_ROOT\\  "), "abcdefgh");
+  EXPECT_EQ(SplitSubKey(""), "abcdefgh");
+  EXPECT_EQ(SplitSubKey("HKEY_CLASSES_ROOT"), "HKEY_CLASSES_ROOT");
+  EXPECT_EQ(SplitSubKey("HKEY_CLASSES_ROOT\\ CLSID\\x "), " CLSID\\x ");
+  EXPECT_EQ(StripHkey("HKEY_CLASSES_ROOT"), nullptr);
+  EXPECT_EQ(StripHkey(" HKEY_USERS \\x"), HKEY_USERS);
+  EXPECT_EQ(StripHkey("hkey_users\\x"), nullptr);
+  for (const HKEY root : {HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE, HKEY_USERS}) {
+    EXPECT_EQ(StripHkey(std::string(HkeyText(root)) + "\\x"), root);
+  }
+}
+
+TEST(TextHelpers, ReadNumbersAsThePlatformDoes) {
+  EXPECT_EQ(LeadingNumber("  12 problems"), 12);
+  EXPECT_EQ(LeadingNumber("-3x"), -3);
+  for (const char* text : {"", "x", "inf", "nan", "+-1", "-", "."}) {
+    EXPECT_EQ(LeadingNumber(text), 0) << text;
+    EXPECT_FALSE(NumberOf(text)) << text;
+  }
+  EXPECT_EQ(NumberOf(" 01 "), 1);
+  EXPECT_FALSE(NumberOf("1 problem"));
+  EXPECT_EQ(RoundToLong(2.5), 2);
+  EXPECT_EQ(RoundToLong(3.5), 4);
+  EXPECT_FALSE(RoundToLong(2147483648.0));
+  EXPECT_FALSE(RoundToLong(LeadingNumber("1e999")));
+}
+
+TEST(SystemHelpers, AnswerNeutrallyWhereThereIsNothing) {
+  TestPc pc;
+  EXPECT_EQ(AddBackslash(""), "");
+  EXPECT_EQ(AddBackslash("C:\\"), "C:\\");
+  EXPECT_EQ(AddBackslash("C:"), "C:\\");
+  EXPECT_EQ(GetSpecialFolderPath(0x7777), "");
+  EXPECT_EQ(ExpandEnvString("no variable"), "no variable");
+  EXPECT_EQ(ExpandEnvString(""), "");
+  EXPECT_FALSE(GetWindowsDir().empty());
+  EXPECT_FALSE(IsExistingFile(pc.folder()));
+  EXPECT_FALSE(IsExistingFolder(pc.folder() + "\\none"));
+}
+
+}  // namespace
+}  // namespace tidemark

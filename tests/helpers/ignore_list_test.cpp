@@ -1,0 +1,75 @@
+#include "helpers/ignore_list.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+using Fields = std::vector<std::string>;
+
+TEST(IgnoreList, HasTwentyEntriesWithNoFile) {
+  TestPc pc;
+  IgnoreList list;
+  LoadIgnoreLst(list, pc.program_folder());
+  const std::vector<std::pair<std::string, bool>> cases = {
+      {"\\Software\\Microsoft OFFICE x", true},
+      {"accessories", true},
+      {"C:\\Windows\\Kernel32.dll", true},
+      {"{4A7DED0A-AD25-11D0-98A8-0800361B1103}", true},
+      {"{457F81DE-77B6-446B-B50F-02B92BECD406}", false},
+      {"word", false},
+      {"", false},
+  };
+  for (const auto& [text, held] : cases) EXPECT_EQ(IsInIngnoreList(list, text), held) << text;
+  AddToSafeList(list, pc.program_folder(), "My Key");
+  EXPECT_FALSE(IsInIngnoreList(list, "my key")) << "with no file nothing is added";
+}
+
+TEST(IgnoreList, TakesTheLinesOfItsFileInSystemCodePage) {
+  TestPc pc;
+  const std::string file = pc.program_folder() + "\\Ignorelst.ini";
+  pc.MakeFile(file, "Gr\xFCn\r\n\r\n  one , two\r\n\"three, four\"\r\n");
+  IgnoreList list;
+  LoadIgnoreLst(list, pc.program_folder());
+  const std::vector<std::pair<std::string, bool>> cases = {
+      {"GR\xC3\x9CN", true},
+      {"one", true},
+      {"xTWOx", true},
+      {"three, four", true},
+      {"three", false},
+      {"457F81DE-77B6-446B-B50F-02B92BECD406", false},  // the first line took its slot
+  };
+  for (const auto& [text, held] : cases) EXPECT_EQ(IsInIngnoreList(list, text), held) << text;
+
+  AddToSafeList(list, pc.program_folder(), "CLSID\\{1},\xC3\xA9");
+  AddToSafeList(list, pc.program_folder(), "   ");
+  EXPECT_TRUE(IsInIngnoreList(list, "x clsid\\{1},\xC3\x89"));
+  EXPECT_TRUE(pc.ReadFile(file).ends_with("four\"\r\nCLSID\\{1},\xE9\r\n"));
+  LoadIgnoreLst(list, pc.program_folder());
+  EXPECT_TRUE(IsInIngnoreList(list, "clsid\\{1}")) << "an entry with a comma comes back as two";
+}
+
+TEST(IgnoreList, ReadsDelimitedFieldsOfAnyBytes) {
+  const std::vector<std::pair<std::string, Fields>> cases = {
+      {"", {}},
+      {"a,b\r\nc\nd\re", {"a", "b", "c", "d", "e"}},
+      {"a\r\n\r\nb", {"a", "", "b"}},
+      {"  \"a, b\"  , c ", {"a, b", "c"}},
+      {"\"open\r\nend", {"open\r\nend"}},
+      {"\"a\"b", {"a", "b"}},
+      {"a\x1A,b", {"a"}},
+      {",", {""}},
+      {"\"\"\"\"", {"", ""}},
+      {std::string("\0,\xFF", 3), {std::string("\0", 1), "\xFF"}},
+  };
+  for (const auto& [text, fields] : cases) EXPECT_EQ(ReadDelimitedFields(text), fields) << text;
+}
+
+}  // namespace
+}  // namespace tidemark

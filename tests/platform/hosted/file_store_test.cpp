@@ -1,0 +1,113 @@
+#include "platform/hosted/file_store.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <fstream>
+
+#include "platform/hosted/pc_settings.h"
+
+namespace tidemark::hosted {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FileStoreTest : public testing::Test {
+ protected:
+  FileStoreTest() {
+    std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
+    root_ = mkdtemp(name.data());
+    fs::create_directories(drive() / "Folder");
+    settings_.drives['E'] = Drive{DriveKind::kCdRom, false};
+  }
+  ~FileStoreTest() override { fs::remove_all(root_); }
+
+  fs::path drive() const { return root_ / "drives/C"; }
+  static void Put(const fs::path& path) { std::ofstream(path) << "x"; }
+  static LONG Look(FileStore& files, std::string_view path) {
+    DWORD attributes = 0;
+    return files.GetAttributes(path, attributes);
+  }
+
+  fs::path root_;
+  PcSettings settings_;
+};
+
+TEST_F(FileStoreTest, SeesWhatOthersChangeOnTheHost) {
+  FileStore files(root_, settings_);
+  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_FILE_NOT_FOUND);
+  Put(drive() / "Folder/F.TXT");
+  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_SUCCESS);
+  fs::remove(drive() / "Folder/F.TXT");
+  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_FILE_NOT_FOUND);
+  Put(drive() / "Folder/f.txt");
+  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_SUCCESS);
+  fs::rename(drive() / "Folder", drive() / "FOLDER2");
+  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_PATH_NOT_FOUND);
+  EXPECT_EQ(Look(files, "C:\\folder2\\f.txt"), ERROR_SUCCESS);
+  fs::create_directories(root_ / "drives/D/x");
+  EXPECT_EQ(Look(files, "D:\\x"), ERROR_SUCCESS);
+}
+
+TEST_F(FileStoreTest, TheHostsOwnFilesAreOutOfReach) {
+  Put(root_ / "outside.txt");
+  Put(root_ / "drives/between.txt");
+  fs::create_directory_symlink(root_, drive() / "link");
+  fs::create_symlink(root_ / "outside.txt", drive() / "link.txt");
+  fs::create_directory_symlink(root_, root_ / "drives/D");
+  FileStore files(root_, settings_);
+  for (const char* const path : {"C:\\..\\..\\outside.txt", "C:\\Folder\\..\\..\\between.txt",
+                                 "C:\\link\\outside.txt", "C:\\link.txt", "D:\\outside.txt",
+                                 "C:/../between.txt", "\\\\?\\C:\\Folder", "\\\\.\\C:\\Folder"}) {
+    EXPECT_NE(Look(files, path), ERROR_SUCCESS) << path;
+    EXPECT_NE(files.Delete(path), ERROR_SUCCESS) << path;
+  }
+  // Also when the link comes after its folder was looked into.
+  EXPECT_EQ(Look(files, "C:\\Folder\\outside.txt"), ERROR_FILE_NOT_FOUND);
+  fs::remove(drive() / "Folder");
+  fs::create_directory_symlink(root_, drive() / "Folder");
+  EXPECT_NE(files.Delete("C:\\Folder\\outside.txt"), ERROR_SUCCESS);
+  EXPECT_NE(files.WriteWhole("C:\\Folder\\outside.txt", "y"), ERROR_SUCCESS);
+  EXPECT_NE(files.WriteWhole("C:\\link.txt", "y"), ERROR_SUCCESS);
+  EXPECT_EQ(fs::file_size(root_ / "outside.txt"), 1U);
+}
+
+TEST_F(FileStoreTest, DrivesAndAttributesComeFromTheSettings) {
+  Put(drive() / "Folder/f.txt");
+  settings_.attributes = {{"C:\\folder\\F.txt", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}};
+  settings_.denied_files = {"C:\\secret"};
+  FileStore files(root_, settings_);
+  DWORD attributes = 0;
+  EXPECT_EQ(files.GetAttributes("C:\\Folder\\f.txt", attributes), ERROR_SUCCESS);
+  EXPECT_EQ(attributes, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+  EXPECT_EQ(Look(files, "E:\\x"), ERROR_NOT_READY);
+  EXPECT_EQ(Look(files, "Q:\\x"), ERROR_PATH_NOT_FOUND);
+  EXPECT_EQ(Look(files, "\\\\server\\share"), ERROR_BAD_NETPATH);
+  EXPECT_EQ(Look(files, "C:\\a:b"), ERROR_INVALID_NAME);
+  EXPECT_EQ(Look(files, "C:\\Secret\\x"), ERROR_ACCESS_DENIED);
+}
+
+TEST_F(FileStoreTest, ALookCostsTheSameHoweverLargeTheFolder) {
+  const fs::path big = drive() / "a/b/c";
+  fs::create_directories(big);
+  for (int i = 0; i < 20'000; ++i) Put(big / ("File" + std::to_string(i) + ".txt"));
+  FileStore files(root_, settings_);
+  usleep(30'000);
+  EXPECT_EQ(Look(files, "C:\\a\\b\\c\\none"), ERROR_FILE_NOT_FOUND);
+  constexpr int kLooks = 100'000;
+  for (const auto& [path, status] : {std::pair{"C:\\A\\B\\C\\FILE777.TXT", ERROR_SUCCESS},
+                                     std::pair{"C:\\A\\B\\C\\NONE.TXT", ERROR_FILE_NOT_FOUND}}) {
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < kLooks; ++i) ASSERT_EQ(Look(files, path), status);
+    const std::chrono::duration<double, std::micro> spent =
+        std::chrono::steady_clock::now() - start;
+    RecordProperty(path, std::to_string(spent.count() / kLooks) + " us");
+    // A listing of this folder takes thousands of microseconds.
+    EXPECT_LT(spent.count() / kLooks, 100) << path;
+  }
+}
+
+}  // namespace
+}  // namespace tidemark::hosted

@@ -1,0 +1,106 @@
+// The registry editor as a program that is started: the same on a hosted PC and on Wine, where it
+// is another process and sees the real registry.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "platform/file_system_object.h"
+#include "platform/program_start.h"
+#include "platform/unique_handle.h"
+#include "platform/winapi.h"
+#include "tests/support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+class Editor : public testing::Test {
+ protected:
+  Editor() : file(pc.program_folder() + "\\editor test.reg") {
+    HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, pc.LiveKey().c_str(), &key), ERROR_SUCCESS);
+    home = UniqueKey(key);
+  }
+
+  static bool Minimised(const std::string& command_line) {
+    return StartProgram(command_line, WindowStyle::kMinimizedFocus);
+  }
+
+  std::string Exported(std::string_view key) {
+    EXPECT_TRUE(Minimised("regedit  /e \"" + file + "\" \"" + std::string(key) + "\""));
+    Sleep(300);
+    std::string plain;  // without the upper halves of 16-bit text
+    for (const char character : FileSystemObject().ReadAll(file).value_or("no file")) {
+      if (character != '\0') plain += character;
+    }
+    return plain;
+  }
+
+  void Import(std::string_view script) {
+    EXPECT_TRUE(FileSystemObject().WriteAll(file, script));
+    EXPECT_TRUE(Minimised("REGEDIT.EXE /S \"" + file + "\""));
+    Sleep(300);
+  }
+
+  std::string Value(const char* name) const {
+    char data[64];
+    DWORD size = sizeof data;
+    const LONG status =
+        RegQueryValueExA(home.Get(), name, nullptr, nullptr, reinterpret_cast<LPBYTE>(data), &size);
+    return status == ERROR_SUCCESS ? std::string(data, size) : "status " + std::to_string(status);
+  }
+
+  TestPc pc{TestPc::Registry::kLive};
+  std::string full_key = "HKEY_CURRENT_USER\\" + pc.LiveKey();
+  std::string file;
+  UniqueKey home;
+};
+
+using std::string_literals::operator""s;
+
+TEST_F(Editor, ExportsAKeyAndWhatLiesBelow) {
+  const char text[] = "C:\\a \"b\"";
+  RegSetValueExA(home.Get(), "path", 0, REG_SZ, reinterpret_cast<const BYTE*>(text), sizeof text);
+  HKEY sub = nullptr;
+  RegCreateKeyA(home.Get(), "sub", &sub);
+  const UniqueKey close(sub);
+  const std::string script = Exported(full_key);
+  const std::string& key = full_key;
+  EXPECT_NE(
+      script.find("[" + key + "]\r\n\"path\"=\"C:\\\\a \\\"b\\\"\"\r\n\r\n[" + key + "\\sub]\r\n"),
+      std::string::npos)
+      << script;
+}
+
+TEST_F(Editor, ExportsNothingUnderAShortRootNameOrOfAMissingKey) {
+  for (const std::string& key : {"HKCU\\" + pc.LiveKey(), full_key + "\\No such key"}) {
+    EXPECT_EQ(Exported(key).find('['), std::string::npos) << key;
+  }
+}
+
+TEST_F(Editor, ImportsBothFormsAndPassesOverWhatItCanNotUnderstand) {
+  Import("REGEDIT4\r\n\r\n[" + full_key +
+         "]\r\n\"a\"=\"x\\\\y\"\r\nrubbish\r\n\"bad\"=\"C:\\dir\\\"\r\n\"worse\"=\"a\"b\"\r\n"
+         "\"e\"=hex(2):25,41,\\\r\n  25,00\r\n\"n\"=dword:00000102\r\n");
+  EXPECT_EQ(Value("a"), "x\\y\0"s);
+  EXPECT_EQ(Value("bad"), "status 2");
+  EXPECT_EQ(Value("worse"), "status 2");
+  EXPECT_EQ(Value("e"), "%A%\0"s);
+  EXPECT_EQ(Value("n"), "\x02\x01\0\0"s);
+  const std::string script = "Windows Registry Editor Version 5.00\r\n\r\n[" + full_key +
+                             "]\r\n\"a\"=-\r\n\"w\"=hex(2):41,00,00,00\r\n";
+  std::string wide = "\xFF\xFE";
+  for (const char character : script) wide.append({character, '\0'});
+  Import(wide);
+  EXPECT_EQ(Value("a"), "status 2");
+  EXPECT_EQ(Value("w"), "A\0"s);
+  Import("REGEDIT4\r\n\r\n[-" + full_key + "]\r\n");
+  EXPECT_EQ(Value("w"), "status 1018");
+}
+
+TEST_F(Editor, AProgramThatIsNotThereIsNotStarted) {
+  EXPECT_FALSE(Minimised("\"C:\\no such program.exe\""));
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,149 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/settings_key.h"
+#include "registry/mdlRegistry.h"
+#include "scan/locations.h"
+#include "scan/scan.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+std::string Stored(const char* name) {
+  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
+}
+
+// A PC with one problem in Interfaces, two in Startup, one in Help.
+struct ScanPc : WindowPc {
+  ScanPc() {
+    const std::string gone = pc.folder() + "\\gone.exe";
+    pc.SetText(HKEY_CLASSES_ROOT, "interface\\{1}\\TypeLib", "", "");
+    pc.SetText(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "a", gone);
+    pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "b", gone);
+    pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\HTML Help", "c", gone);
+    pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\Help", "office", gone);
+  }
+  void Choose(const char* state) {
+    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", state);
+    LoadLocations(window);
+  }
+};
+
+TEST(Scan, ShowsFindingsByTestAndSeverityAndStoresItsStatistics) {
+  ScanPc on;
+  on.Choose("1;1;1;1;1;1;1;1;1;1;1;1");
+  cmdScan_Click(on.window);
+  EXPECT_EQ(WindowPc::Rows(on.window.lvFound, {0, 1, 2}),
+            (Rows{"Interfaces|1|Severe", "Startup|2|Elevated", "Help Files|1|Low"}));
+  EXPECT_EQ(on.window.lvFound.Item(3)->SmallIcon(), 5);
+  EXPECT_EQ(on.window.SeverityCounts, (std::array<std::int32_t, 5>{1, 0, 2, 0, 1}));
+  EXPECT_EQ(on.window.lvScan.Count(), 12);
+  EXPECT_EQ(on.window.lvScan.Item("SHORTCUTS")->SubItem(1), "Finished");
+  EXPECT_EQ(on.window.lblFound.Caption(), "Problems Found : 4");
+  EXPECT_EQ(on.window.lvProblems.Count(), 1) << "the first test's findings are shown";
+  EXPECT_TRUE(on.window.picClear.Visible());
+  EXPECT_FALSE(on.window.picScan.Visible());
+  EXPECT_FALSE(on.window.ScanRunning);
+  EXPECT_EQ(Stored("LastCount"), "4");
+  EXPECT_EQ(Stored("OutstandingErrors"), "4");
+  cmdScan_Click(on.window);
+  EXPECT_EQ(Stored("TotalCount"), "8");
+  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 4) << "the lists were cleared";
+}
+
+TEST(Scan, WithNothingCheckedStillFinishesWithTheOldCount) {
+  ScanPc on;
+  on.Choose("0;0;0;0;0;0;0;0;0;0;0;0");
+  on.window.ProblemCount = 7;
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "TotalCount", "10 or so");
+  cmdScan_Click(on.window);
+  EXPECT_EQ(on.front_end.messages(),
+            (Rows{"Tidemark: No diagnostic test,  please select test to scan"}));
+  EXPECT_EQ(Stored("TotalCount"), "17");
+  EXPECT_TRUE(on.window.picClear.Visible());
+  EXPECT_NE(Stored("LastRunDate"), "none");
+}
+
+TEST(Scan, AStopKeepsWhatWasFoundAndLeavesTheRestPending) {
+  ScanPc on;
+  on.Choose("0;1;0;0;0;0;0;1;1;1;1;0");
+  on.front_end.When([&on] { return on.window.lvInvalidLoc.Count() == 2; },
+                    [&on] { on.window.cmdStop.Click(); });
+  cmdScan_Click(on.window);
+  EXPECT_EQ(WindowPc::Rows(on.window.lvScan, {0, 1, 2}),
+            (Rows{"Interfaces|Finished|1", "Startup|Aborted|1", "Application Paths|Pending|",
+                  "Software Removal|Pending|", "Help Files|Pending|"}));
+  EXPECT_EQ(Stored("LastCount"), "2");
+}
+
+TEST(Scan, ATickReachesTheRecordAndComesBack) {
+  ScanPc on;
+  on.Choose("1;1;1;1;1;1;1;1;1;1;1;1");
+  cmdScan_Click(on.window);
+  on.window.lvFound.UserSelect(*on.window.lvFound.Item("STARTUP"));
+  ASSERT_EQ(on.window.lvProblems.Count(), 2);
+  on.window.lvProblems.UserCheck(*on.window.lvProblems.Item(2), false);
+  on.window.lvFound.UserSelect(*on.window.lvFound.Item("HELP"));
+  on.window.lvFound.UserSelect(*on.window.lvFound.Item("STARTUP"));
+  EXPECT_EQ(WindowPc::Rows(on.window.lvProblems, {1, 5, 6}), (Rows{"a||1", "b||0"}));
+  EXPECT_FALSE(on.window.lvProblems.Item(2)->Checked());
+  on.window.lvProblems.UserSelect(*on.window.lvProblems.Item(2));
+  EXPECT_EQ(on.window.lvProblems.ToolTipText(), on.pc.folder() + "\\gone.exe");
+}
+
+TEST(Locations, ABadStoredChoiceChecksEverything) {
+  struct Case {
+    const char* stored;
+    int checked;
+  };
+  for (const Case& one :
+       {Case{"", 12}, Case{"1;0", 12}, Case{"0;0;0;0;0;0;0;0;0;0;0;0;0", 12},
+        Case{"01; 1;1.0;x;;2;0;0;0;0;0;0", 3}, Case{"0;0;0;0;0;0;0;0;0;0;0;0", 0}}) {
+    WindowPc on;
+    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", one.stored);
+    LoadLocations(on.window);
+    int checked = 0;
+    for (int index = 1; index <= on.window.lvLocations.Count(); ++index) {
+      checked += on.window.lvLocations.Item(index)->Checked() ? 1 : 0;
+    }
+    EXPECT_EQ(checked, one.checked) << one.stored;
+  }
+}
+
+TEST(Locations, EveryTickIsSavedAtOnce) {
+  WindowPc on;
+  LoadLocations(on.window);
+  on.window.lvLocations.UserCheck(*on.window.lvLocations.Item("LIB"), false);
+  EXPECT_EQ(Stored("LocState"), "1;1;0;1;1;1;1;1;1;1;1;1");
+  EXPECT_TRUE(Stored("Locations").ends_with(";Help Files;Shortcuts"));
+  on.window.chkSelectAll.SetValue(1);
+  on.window.chkSelectAll.Click();
+  EXPECT_EQ(Stored("LocState"), "0;0;0;0;0;0;0;0;0;0;0;0");
+  EXPECT_EQ(Stored("SelectAllLoc"), "0");
+  on.window.lvLocations.Clear();
+  SaveLocations(on.window);
+  EXPECT_EQ(Stored("LocState"), "");
+}
+
+TEST(Findings, TheMasterListSortsInTurnsAndNamesItsKeyInKeystrokes) {
+  WindowPc on;
+  for (const char* name : {"b", "a"}) {
+    AddtoList(on.window, HKEY_CURRENT_USER, "X", name, "", REG_SZ, "reason");
+  }
+  on.window.lvInvalidLoc.UserColumnClick(2);
+  EXPECT_EQ(on.NamesAndReasons(), (Rows{"a|reason", "b|reason"}));
+  on.window.lvInvalidLoc.UserColumnClick(2);
+  EXPECT_EQ(on.NamesAndReasons(), (Rows{"b|reason", "a|reason"}));
+  EXPECT_EQ(KeystrokesToKey("HKEY_CLASSES_ROOT\\CLSID\\{A}"),
+            "HKEY_CLASSES_ROOT{RIGHT}CLSID{RIGHT}{{}A{}}");
+  AddtoList(on.window, nullptr, "X", "", "", REG_SZ, "reason");
+  EXPECT_EQ(on.window.lvInvalidLoc.Item("K3")->Caption(), "\\X") << "an unknown root has no name";
+}
+
+}  // namespace
+}  // namespace tidemark

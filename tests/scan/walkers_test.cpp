@@ -1,0 +1,191 @@
+#include "scan/walkers.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+struct ClassCase {
+  const char* key;   // below CLSID\{1}
+  const char* name;  // of the value
+  const char* data;
+  const char* reason;  // empty: no finding
+};
+
+TEST(ScanClassKey, FollowsTheChainForEachValue) {
+  const std::vector<ClassCase> cases = {
+      {"", "", "B:\\gone folder\\x.dll", "Invalid path"},
+      {"InprocServer32", "", "Q:\\gone folder\\x.dll", ""},
+      {"InprocServer32", "x", ":\\gone folder", ""},
+      {"InprocServer32", "", "bare.dll", ""},
+      {"TypeLib", "", "", "no value for TypeLib"},
+      {"TypeLib", "any", "", "no value for TypeLib"},
+      {"TYPELIB", "", "{GONE}", "Points to missing TypeLib"},
+      {"TypeLib", "", "{known}", ""},
+      {"TypeLib", "", "GONE", ""},
+      {"CLSID", "", "", "No value for CLSID"},
+      {"CLSID", "", "{GONE}", "Points to missing CLSID"},
+      {"CLSID", "", "{1}", ""},
+      {"ProgID", "", "", "Points to missing progid"},
+      {"VersionIndependentProgID", "", "", "Points to missing progid"},
+      {"VersionIndependentProgID", "", "Gone.Type", ""},
+      {"ProgID", "", "Gone.Type", "Points to missing progid"},
+      {"ProgID", "", "Known.Type", ""},
+      {"InprocServer32", "", "", "Empty InprocServer32"},
+      {"inprocserver", "", "", "Empty InprocServer"},
+      {"Other", "Clsid", "", "Empty CLSID"},
+      {"Other", "clsid", "{GONE}", ""},
+      {"Other", "TypeLib", "{GONE}", "Point to Invalid TypeLib"},
+      {"Other", "TypeLib", "{known}", ""},
+      {"Other", "ProgID", "Known.Type", "Point to Invalid ProgID"},
+      {"Other", "ProgID", "Listed.Type", ""},
+      {"Other", "InprocServer32", "", "Empty InprocServer32"},
+      {"Other", "InprocServer", "", "Empty InprocServer"},
+      {"Other", "", "", ""},
+      {"Mstcp settings", "InprocServer", "", ""},
+      {"Mstcp settings\\Other", "InprocServer", "", ""},  // dropped by the ignore list
+  };
+  WindowPc on;
+  on.pc.MakeKey(HKEY_CLASSES_ROOT, "TYPELIB\\{KNOWN}");
+  on.pc.MakeKey(HKEY_CLASSES_ROOT, "Known.Type");
+  on.pc.MakeKey(HKEY_CLASSES_ROOT, "Progid\\Listed.Type");
+  int number = 0;
+  for (const ClassCase& one : cases) {
+    const std::string root = "CLSID\\{1}\\" + std::to_string(++number);
+    const std::string key = *one.key == '\0' ? root : root + "\\" + one.key;
+    on.pc.SetText(HKEY_CLASSES_ROOT, key, one.name, one.data);
+    on.window.lvInvalidLoc.Clear();
+    ScanClassKey(on.window, HKEY_CLASSES_ROOT, root);
+    const Rows expected =
+        *one.reason == '\0' ? Rows{} : Rows{std::string(one.name) + "|" + one.reason};
+    EXPECT_EQ(on.NamesAndReasons(), expected) << one.key << " / " << one.name << " / " << one.data;
+  }
+}
+
+TEST(ScanPathKey, ReportsWhatIsGoneInAnyDepthInRegistryOrder) {
+  WindowPc on;
+  const std::string file = on.pc.folder() + "\\there.exe";
+  on.pc.MakeFile(file);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "a good", file);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "b gone", on.pc.folder() + "\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "c passed over", "Q:\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "d expand", on.pc.folder() + "\\gone", REG_EXPAND_SZ);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "e bare", "gone.exe");
+  on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "f bytes", "C:\\gone");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\Sub\\Deep", "", on.pc.folder() + "\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\x MsTcp", "y", on.pc.folder() + "\\gone.exe");
+  ScanPathKey(on.window, HKEY_CURRENT_USER, kRun);
+  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kValueName, kValueType}),
+            (Rows{"HKEY_CURRENT_USER\\" + kRun + "|b gone|1",
+                  "HKEY_CURRENT_USER\\" + kRun + "|d expand|2",
+                  "HKEY_CURRENT_USER\\" + kRun + "\\Sub\\Deep||1"}));
+  EXPECT_EQ(on.window.ProblemCount, 3);
+}
+
+TEST(ScanUninstallKey, ReadsOnlyTextAndOneLevel) {
+  WindowPc on;
+  const std::string key = "Software\\Uninst";
+  const std::string gone = on.pc.folder() + "\\gone.exe";
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\A", "UninstallString", gone);
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\A\\Deep", "UninstallString", gone);
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\B", "UninstallString", gone, REG_EXPAND_SZ);
+  on.pc.MakeKey(HKEY_LOCAL_MACHINE, key + "\\C");
+  ScanUninstallKey(on.window, HKEY_LOCAL_MACHINE, key);
+  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kValueName, kValueData, kValueType}),
+            (Rows{"HKEY_LOCAL_MACHINE\\" + key + "\\A|UnInstallString|" + gone + "|0"}));
+  EXPECT_EQ(on.window.lblstatus.Caption(), key + "\\\\C");
+}
+
+TEST(ScanSharedDllKey, JudgesTheNamesNotTheData) {
+  WindowPc on;
+  const std::string key = "Software\\Shared";
+  on.pc.MakeFile(on.pc.folder() + "\\there.dll");
+  on.pc.SetDword(HKEY_LOCAL_MACHINE, key, on.pc.folder() + "\\gone.dll", 2);
+  on.pc.SetDword(HKEY_LOCAL_MACHINE, key, on.pc.folder() + "\\there.dll", 1);
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\Sub", "  ", on.pc.folder() + "\\gone.dll");
+  ScanSharedDllKey(on.window, HKEY_LOCAL_MACHINE, key);
+  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {kValueName, kValueData, kReason}),
+            (Rows{on.pc.folder() + "\\gone.dll|2|Shared file doesn't exists"}));
+}
+
+TEST(ScanFontKey, PutsTheFontsFolderAheadOfAnyData) {
+  WindowPc on;
+  const std::string key = "Software\\MyFonts";
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Empty", "");
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Gone", "gone-font.ttf");
+  ScanFontKey(on.window, HKEY_LOCAL_MACHINE, key);
+  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {kValueData, kReason}),
+            (Rows{"gone-font.ttf|Invalid Font"}));
+  on.pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Classes\\Fonts", "Gone", "gone-font.ttf");
+  ScanFontKey(on.window, HKEY_LOCAL_MACHINE, "software\\classes\\Fonts");
+  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 1) << "the class tree is never entered";
+}
+
+TEST(ScanAssocRoot, FindsFileTypesThatAreMissingEmptyOrBroken) {
+  WindowPc on;
+  const auto extension = [&](const char* name, const char* type) {
+    on.pc.SetText(HKEY_CLASSES_ROOT, name, "", type);
+  };
+  extension(".a", "Gone.Type");
+  extension(".b", "Gone.Type");
+  extension(".c", "CLSID");
+  extension(".d", "");
+  extension(".e", "Broken.Type");
+  extension("no dot", "Gone.Type");
+  on.pc.SetText(HKEY_CLASSES_ROOT, "Broken.Type\\shell\\open\\command", "",
+                on.pc.folder() + "\\gone.exe %1");
+  on.pc.MakeKey(HKEY_CLASSES_ROOT, "CLSID");
+  ScanAssocRoot(on.window, HKEY_CLASSES_ROOT, "");
+  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kReason, kValueType}),
+            (Rows{"HKEY_CLASSES_ROOT\\Gone.Type|No asscociation|1",
+                  "HKEY_CLASSES_ROOT\\Gone.Type|No asscociation|1",
+                  "HKEY_CLASSES_ROOT\\Broken.Type\\shell\\open\\command|Invalid path|1"}));
+}
+
+TEST(Walkers, StopAtTheNextItem) {
+  WindowPc on;
+  for (int number = 0; number < 10; ++number) {
+    on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\" + std::to_string(number), "x",
+                  on.pc.folder() + "\\gone.exe");
+  }
+  on.front_end.When([&on] { return on.window.lvInvalidLoc.Count() == 3; },
+                    [&on] { on.window.StopRequested = true; });
+  ScanPathKey(on.window, HKEY_CURRENT_USER, kRun);
+  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 3);
+  const long yields = on.front_end.yields();
+  for (const auto walker : {ScanPathKey, ScanUninstallKey, ScanClassRoot, ScanSharedDllKey,
+                            ScanFontKey, ScanAssocRoot, ScanAssocKey}) {
+    walker(on.window, HKEY_CURRENT_USER, kRun);
+  }
+  EXPECT_EQ(on.front_end.yields(), yields) << "a walk that is told to stop does nothing";
+}
+
+TEST(Walkers, PassOverWhatCannotBeRead) {
+  WindowPc on;
+  on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "unknown type", "C:\\gone\\x.exe", 99);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, std::string(255, 'n'), on.pc.folder() + "\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "big",
+                on.pc.folder() + "\\gone.exe " + std::string(1 << 20, 'b'));
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "z \xC3\xA4\xE2\x82\xAC", on.pc.folder() + "\\gone.exe");
+  if (on.pc.CanFault()) {
+    on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\Denied", "x", on.pc.folder() + "\\gone.exe");
+    on.pc.DenyKey("HKEY_CURRENT_USER\\" + kRun + "\\Denied");
+  }
+  ScanPathKey(on.window, HKEY_CURRENT_USER, kRun);
+  Rows names = WindowPc::Rows(on.window.lvInvalidLoc, {kValueName});
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(names, (Rows{"big", std::string(255, 'n'), "z \xC3\xA4\xE2\x82\xAC"}));
+}
+
+}  // namespace
+}  // namespace tidemark

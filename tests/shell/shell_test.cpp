@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/settings_key.h"
+#include "platform/locale_texts.h"
+#include "registry/mdlRegistry.h"
+#include "shell/dialogs.h"
+#include "shell/main_window.h"
+#include "shell/pages.h"
+#include "shell/status.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+struct ShellPc : WindowPc {
+  ShellPc() {
+    for (const char* picture :
+         {"RegHealth-Unknown", "RegHealth-Low", "RegHealth-Healthy", "overview", "overview2",
+          "settings", "settings2", "AdvancedOptions0", "AdvancedOptions1"}) {
+      pc.MakeFile(pc.program_folder() + "\\images\\" + picture + ".jpg");
+    }
+  }
+  void Store(const char* name, const std::string& text) {
+    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
+  }
+  static std::string Picture(const ImageBox& image) {
+    return image.PictureFile().substr(image.PictureFile().rfind('\\') + 1);
+  }
+};
+
+TEST(Shell, AFirstStartKnowsNothingAndScans) {
+  ShellPc on;
+  std::vector<std::string> seen;
+  on.front_end.AtYield(1, [&] { seen.push_back(on.window.form.Visible() ? "window" : "splash"); });
+  on.front_end.When([&] { return on.window.ScanRunning; },
+                    [&] {
+                      seen.push_back(on.window.lblLastDate.Caption().String());
+                      seen.push_back(on.window.lblTotaltodate.Caption().String());
+                      seen.push_back(ShellPc::Picture(on.window.IMGRegistryStatus));
+                      seen.push_back(on.window.picScan.Visible() ? "scan page" : "other page");
+                    });
+  Main(on.window);
+  EXPECT_EQ(seen, (std::vector<std::string>{"splash", "Date: Not Available   Time: Not Available",
+                                            "0", "RegHealth-Unknown.jpg", "scan page"}));
+  EXPECT_TRUE(on.window.picClear.Visible());
+  EXPECT_EQ(on.front_end.pointers(),
+            (std::vector<MousePointer>{MousePointer::kHourglass, MousePointer::kDefault}));
+}
+
+TEST(Shell, ASecondInstanceEndsWithNoWindow) {
+  ShellPc on;
+  on.window.application.previous_instance = true;
+  EXPECT_THROW(Main(on.window), ProcessEnded);
+  EXPECT_FALSE(on.window.form.Visible());
+}
+
+TEST(Shell, ClosingInMidScanSavesTheSelectionAndEnds) {
+  ShellPc on;
+  on.front_end.When([&] { return on.window.ScanRunning && on.window.lvScan.Count() == 12; },
+                    [&] {
+                      on.window.lvLocations.Item("FONT")->SetChecked(false);
+                      on.front_end.Unload(on.window.form);
+                    });
+  EXPECT_THROW(Main(on.window), ProcessEnded);
+  EXPECT_TRUE(on.window.StopRequested);
+  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState"), "1;1;1;1;1;0;1;1;1;1;1;1");
+}
+
+TEST(Shell, TheHealthPictureFollowsTheOutstandingErrors) {
+  struct Case {
+    const char* errors;
+    const char* picture;
+  };
+  ShellPc on;
+  for (const Case& one : {Case{"6", "RegHealth-Low.jpg"}, Case{"5", "RegHealth-Low.jpg"},
+                          Case{"0", "RegHealth-Healthy.jpg"}, Case{"1", "RegHealth-Healthy.jpg"},
+                          Case{"7 or so", "RegHealth-Low.jpg"}, Case{"-1", "RegHealth-Low.jpg"},
+                          Case{"x", "RegHealth-Healthy.jpg"}, Case{"", "RegHealth-Unknown.jpg"}}) {
+    on.Store("OutstandingErrors", one.errors);
+    SetInitValues(on.window);
+    EXPECT_EQ(ShellPc::Picture(on.window.IMGRegistryStatus), one.picture) << one.errors;
+  }
+}
+
+TEST(Shell, TheLastRunIsShownInWords) {
+  ShellPc on;
+  const SYSTEMTIME time{2006, 11, 6, 4, 0, 0, 0, 0};
+  on.Store("LastRunDate", DateText(time));
+  on.Store("LastRunTime", "noon");
+  SetStat(on.window);
+  EXPECT_EQ(on.window.lblLastDate.Caption(), LongDateText(time) + " - noon");
+  on.Store("LastRunDate", "no date");
+  SetStat(on.window);
+  EXPECT_EQ(on.window.lblLastDate.Caption(), "no date - noon");
+}
+
+TEST(Shell, TheScanPageComesBackAsTheScanHasIt) {
+  ShellPc on;
+  on.window.pbarScan.SetValue(40);
+  on.window.lblstatus.SetCaption("here");
+  on.window.ScanRunning = true;
+  cmdMenuScan_Click(on.window);
+  EXPECT_EQ(on.window.pbarScan.Value(), 40);
+  EXPECT_EQ(on.window.lblstatus.Caption(), "here");
+  EXPECT_TRUE(on.window.lblscanmsg(3).Visible());
+  on.window.ScanRunning = false;
+  cmdMenuScan_Click(on.window);
+  EXPECT_EQ(on.window.pbarScan.Value(), 0);
+  EXPECT_EQ(on.window.lblstatus.Caption(), "");
+  EXPECT_TRUE(on.window.lblscanmsg(2).Visible());
+  EXPECT_TRUE(on.window.cmdBack.Visible());
+}
+
+TEST(Shell, TabsShowOnePanelAndTheFourthIsNone) {
+  ShellPc on;
+  int loads = 0;
+  on.window.loadPrograms.Bind([&loads] { ++loads; });
+  cmdMenuBackups_Click(on.window);
+  EXPECT_EQ(on.window.CurrentTab, 1);
+  EXPECT_TRUE(on.window.picAdvOptions(1).Visible());
+  EXPECT_EQ(ShellPc::Picture(on.window.picopttoolback), "AdvancedOptions1.jpg");
+  on.window.lblOptions(3).Click();
+  EXPECT_EQ(on.window.CurrentTab, 1);
+  on.window.lblOptions(2).Click();
+  EXPECT_EQ(loads, 1);
+  EXPECT_FALSE(on.window.picAdvOptions(1).Visible());
+  EXPECT_EQ(ShellPc::Picture(on.window.picopttoolback), "AdvancedOptions1.jpg")
+      << "a missing picture leaves the old one";
+  imgtoolbar_Click(on.window, 1);
+  EXPECT_FALSE(on.window.picAdvOptions(0).Visible());
+}
+
+TEST(Shell, TheQuestionBoxAnswersAndGoes) {
+  ShellPc on;
+  for (const auto& [button, answer] : {std::pair{&frmMessBox::cmdYes, "YES"},
+                                       {&frmMessBox::cmdNo, "NO"},
+                                       {&frmMessBox::cmdOK, "EMPTY"}}) {
+    on.window.MessBoxAnswer = "EMPTY";
+    frmMessBox& box = NewMessBox(on.window);
+    on.front_end.Show(box.form);
+    EXPECT_TRUE(box.form.Topmost());
+    (box.*button).Click();
+    EXPECT_EQ(on.window.MessBoxAnswer, answer);
+    EXPECT_EQ(on.window.mess_box, nullptr);
+  }
+  ShowAbout(on.window);
+  on.window.about->cmdOK.Click();
+  EXPECT_EQ(on.window.about, nullptr);
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+
+#include "platform/hosted/clock.h"
+#include "platform/hosted/file_store.h"
+#include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/pc_settings.h"
+#include "platform/hosted/registry_editor.h"
+#include "platform/hosted/registry_store.h"
+#include "platform/hosted/shell_calls.h"
+#include "tests/support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path MakeHostFolder() {
+  std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  for (const char* const folder : {"Windows/Fonts", "Windows/system32", "Program Files"}) {
+    fs::create_directories(fs::path(name) / "drives/C" / folder);
+  }
+  return name;
+}
+
+// Of what the test made itself, so in the very letters it asks for.
+fs::path HostPath(const fs::path& host, std::string path) {
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return host / "drives/C" / path.substr(3);
+}
+
+}  // namespace
+
+struct TestPc::Ground {
+  struct HostFolder {
+    fs::path path = MakeHostFolder();
+    HostFolder() = default;
+    HostFolder(const HostFolder&) = delete;
+    HostFolder& operator=(const HostFolder&) = delete;
+    ~HostFolder() {
+      std::error_code ignored;
+      fs::remove_all(path, ignored);
+    }
+  };
+  HostFolder host;
+  hosted::HostedPc pc{host.path};
+};
+
+TestPc::TestPc(Registry) : ground_(std::make_unique<Ground>()) {
+  static int count = 0;
+  const std::string unique = std::to_string(getpid()) + '-' + std::to_string(++count);
+  folder_ = "C:\\tm-" + unique;
+  live_key_ = "Software\\TidemarkTest-" + unique;
+  hosted::ForgetOpenedByShell();
+  SetTime({2006, 11, 6, 4, 13, 5, 9, 0});
+  MakeFolder(program_folder() + "\\backup");
+  ground_->pc.files().SetCurrentFolder(program_folder());
+}
+
+TestPc::~TestPc() = default;
+
+std::vector<std::string> TestPc::FileNames(const std::string& path) {
+  std::vector<std::string> names;
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(HostPath(ground_->host.path, path), ignored)) {
+    if (entry.is_regular_file()) names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+bool TestPc::CanFault() { return true; }
+void TestPc::SetTime(const SYSTEMTIME& time) { ground_->pc.clock().SetLocalTime(time); }
+void TestPc::SetVariable(const std::string& name, const std::string& value) {
+  ground_->pc.settings().SetVariable(name, value);
+}
+void TestPc::DenyKey(const std::string& full_name, REGSAM rights) {
+  ground_->pc.registry().DenyKey(full_name, rights);
+}
+void TestPc::DenyFile(const std::string& path) { ground_->pc.files().DenyFile(path); }
+void TestPc::AllowAll() {
+  ground_->pc.registry().AllowAll();
+  ground_->pc.files().AllowAllFiles();
+}
+void TestPc::FillDisk(std::optional<unsigned> bytes_left) {
+  ground_->pc.files().FillDisk(bytes_left);
+}
+void TestPc::FailNextWrite() { ground_->pc.files().FailNextWrite(); }
+void TestPc::SlowEditor(unsigned milliseconds) { ground_->pc.editor().SetDuration(milliseconds); }
+
+}  // namespace tidemark
