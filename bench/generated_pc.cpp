@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <memory>
 
 #include "platform/unique_handle.h"
 
@@ -57,6 +58,18 @@ void FillPc(TestPc& pc, int keys) {
   }
   const UniqueKey classes = MakeKey(HKEY_CLASSES_ROOT, "CLSID");
   for (int number = 0; number < keys / 2; ++number) MakeClass(classes.Get(), pc.folder(), number);
+}
+
+TestPc& PcOfSize(int keys) {
+  static std::unique_ptr<TestPc> pc;
+  static int size = 0;
+  if (size != keys) {
+    pc.reset();
+    pc = std::make_unique<TestPc>();
+    FillPc(*pc, keys);
+    size = keys;
+  }
+  return *pc;
 }
 
 }  // namespace tidemark::bench

@@ -12,4 +12,8 @@ namespace tidemark::bench {
 // pc.folder().
 void FillPc(TestPc& pc, int keys);
 
+// The filled PC of that size. One is there at a time, and serves the benchmarks that ask for it in
+// turn.
+TestPc& PcOfSize(int keys);
+
 }  // namespace tidemark::bench

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "scan/findings.h"
-#include "tests/support/test_pc.h"
 #include "toolkit/script_front_end.h"
 #include "window/frmMain.h"
 
@@ -25,7 +24,6 @@ struct FilledWindow {
               "C:\\Program Files\\Gone\\" + std::to_string(number), REG_SZ,
               window.Reasons[kInvalidPath]);
   }
-  TestPc pc;
   ScriptFrontEnd front_end;
   frmMain window{front_end, Application{}};
 };

@@ -5,7 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <memory>
 #include <string>
 
 #include "generated_pc.h"
@@ -21,8 +21,7 @@ constexpr const char* kUserSid = "S-1-5-21-0-0-0-1000";
 std::filesystem::path RegistryFile() {
   static const std::filesystem::path file = [] {
     auto path = std::filesystem::temp_directory_path() / "tidemark-bench-registry.reg";
-    TestPc pc;
-    FillPc(pc, 200'000);
+    PcOfSize(200'000);
     hosted::HostedPc::Current().registry().Save(path);
     return path;
   }();
@@ -37,7 +36,8 @@ void CountBytes(benchmark::State& state) {
 void BM_ReadFile(benchmark::State& state) {
   for (auto _ : state) {
     std::ifstream file(RegistryFile(), std::ios::binary);
-    std::string bytes(std::istreambuf_iterator<char>(file), {});
+    std::string bytes(std::filesystem::file_size(RegistryFile()), '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     benchmark::DoNotOptimize(bytes);
   }
   CountBytes(state);

@@ -19,19 +19,6 @@
 namespace tidemark::bench {
 namespace {
 
-// One PC of each size serves all benchmarks; on Windows one is there at a time.
-TestPc& PcOfSize(int keys) {
-  static std::unique_ptr<TestPc> pc;
-  static int size = 0;
-  if (size != keys) {
-    pc.reset();
-    pc = std::make_unique<TestPc>();
-    FillPc(*pc, keys);
-    size = keys;
-  }
-  return *pc;
-}
-
 class BareWalk {
  public:
   void Walk(const std::string& path) {

@@ -8,6 +8,7 @@
 
 #include "helpers/system_helpers.h"
 #include "helpers/text_helpers.h"
+#include "platform/file_system_object.h"
 
 namespace tidemark {
 namespace {
@@ -21,12 +22,12 @@ constexpr std::array<std::string_view, 3> kProgramExtensions = {".exe", ".bat", 
 // a scan.
 class Judgement {
  public:
-  bool FileExists(std::string_view path) {
-    for (const auto& [asked, exists] : asked_) {
-      if (asked == path) return exists;
-    }
-    asked_.emplace_back(path, IsExistingFile(std::string(path)));
-    return asked_.back().second;
+  bool FileExists(std::string_view path) { return Ask(path) == FileSystemObject::Kind::kFile; }
+
+  // As IsExistingFolder: anything but a path that is not found, or a file.
+  bool FolderExists(std::string_view path) {
+    const FileSystemObject::Kind kind = Ask(path);
+    return kind == FileSystemObject::Kind::kFolder || kind == FileSystemObject::Kind::kUnknown;
   }
 
   // The name, or the name with a program's extension.
@@ -63,7 +64,15 @@ class Judgement {
     return false;
   }
 
-  std::vector<std::pair<std::string, bool>> asked_;
+  FileSystemObject::Kind Ask(std::string_view path) {
+    for (const auto& [asked, kind] : asked_) {
+      if (asked == path) return kind;
+    }
+    asked_.emplace_back(path, FileSystemObject::Kind::kMissing);
+    return asked_.back().second = FileSystemObject().KindOf(asked_.back().first);
+  }
+
+  std::vector<std::pair<std::string, FileSystemObject::Kind>> asked_;
 };
 
 // The text from the drive letter of its first path on; a text with no drive stays as it is.
@@ -111,9 +120,8 @@ bool BareNameExists(Judgement& judgement, std::string_view name) {
 }  // namespace
 
 bool CheckValid(const std::string& text) {
-  if (IsExistingFolder(text)) return true;
   Judgement judgement;
-  if (judgement.FileExists(text)) return true;
+  if (judgement.FolderExists(text) || judgement.FileExists(text)) return true;
   const std::optional<std::string> path = CleanedPath(text);
   if (!path) return true;
   if (judgement.FileExists(*path)) return true;
@@ -122,7 +130,7 @@ bool CheckValid(const std::string& text) {
   const std::size_t colon = trimmed.find(":\\", FirstCharacters(trimmed, 1).size());
   const bool found = colon != std::string_view::npos ? DrivePathExists(judgement, *path, colon)
                                                      : BareNameExists(judgement, *path);
-  return found || IsExistingFolder(*path);
+  return found || judgement.FolderExists(*path);
 }
 
 }  // namespace tidemark

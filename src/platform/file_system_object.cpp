@@ -32,6 +32,21 @@ Error ErrorOf(DWORD status) {
   }
 }
 
+// What GetFolder makes of attributes just asked for.
+Error FolderError(DWORD attributes) {
+  if (attributes != INVALID_FILE_ATTRIBUTES) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Error::kNone : Error::kPathNotFound;
+  }
+  switch (GetLastError()) {
+    case ERROR_NOT_READY:
+      return Error::kDiskNotReady;
+    case ERROR_ACCESS_DENIED:
+      return Error::kPermissionDenied;
+    default:
+      return Error::kPathNotFound;
+  }
+}
+
 UniqueFile Open(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
   return UniqueFile(CreateFileA(path.c_str(), access, share, nullptr, disposition,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -69,17 +84,19 @@ bool FileSystemObject::FolderExists(const std::string& path) const {
 
 Error FileSystemObject::GetFolder(const std::string& path) const {
   if (path.empty()) return kInvalidCall;
+  return FolderError(GetFileAttributesA(path.c_str()));
+}
+
+FileSystemObject::Kind FileSystemObject::KindOf(const std::string& path) const {
+  if (path.empty()) return Kind::kUnknown;
   const DWORD attributes = GetFileAttributesA(path.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES) {
-    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? kNone : kPathNotFound;
-  }
-  switch (GetLastError()) {
-    case ERROR_NOT_READY:
-      return kDiskNotReady;
-    case ERROR_ACCESS_DENIED:
-      return kPermissionDenied;
+  switch (FolderError(attributes)) {
+    case kNone:
+      return Kind::kFolder;
+    case kPathNotFound:
+      return attributes == INVALID_FILE_ATTRIBUTES ? Kind::kMissing : Kind::kFile;
     default:
-      return kPathNotFound;
+      return Kind::kUnknown;
   }
 }
 

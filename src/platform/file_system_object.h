@@ -31,6 +31,15 @@ class FileSystemObject {
   // can be no path; kInvalidCall for the empty text; kDiskNotReady, kPermissionDenied.
   Error GetFolder(const std::string& path) const;
 
+  // What stands at the path, by one look: what FileExists and GetFolder would say of it together.
+  enum class Kind {
+    kFile,
+    kFolder,
+    kMissing,  // GetFolder fails with kPathNotFound
+    kUnknown,  // GetFolder fails in another way
+  };
+  Kind KindOf(const std::string& path) const;
+
   Error CreateFolder(const std::string& path);
   // Overwrites what is at `to`, unless that is read-only (kPermissionDenied). A `to` that ends in a
   // backslash is a folder.

@@ -35,6 +35,7 @@ void ShowAbout(frmMain& window) {
 }
 
 frmMessBox& NewMessBox(frmMain& window) {
+  CloseMessBox(window);
   window.mess_box = std::make_unique<frmMessBox>();
   frmMessBox& box = *window.mess_box;
   box.form.Load.Bind([&box] { box.form.SetTopmost(true); });
