@@ -1,9 +1,9 @@
 # Sourced after setup.sh: the environment in which Windows programs run here. Wine gets a prefix and a
 # home of its own under wine/ in the repository; its usual prefix shows the whole machine as drive Z:
 # and the real home as the user's folders, and a program that deletes files has no business there.
-# The repository is drive T:.
+# The repository is drive T:. Another folder than wine/ is taken from wine_root, if that is set.
 
-wine_root=$root/wine
+wine_root=${wine_root:-$root/wine}
 wine_display=${DISPLAY-}
 export XAUTHORITY=${XAUTHORITY:-$HOME/.Xauthority}
 if command -v ccache >/dev/null; then

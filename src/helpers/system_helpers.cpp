@@ -21,10 +21,11 @@ bool IsExistingFolder(const std::string& path) {
 std::string ExpandEnvString(const std::string& text) {
   const DWORD needed = ExpandEnvironmentStringsA(text.c_str(), nullptr, 0);
   if (needed == 0) return {};
-  std::string expanded(needed, '\0');
-  const DWORD written = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), needed);
-  if (written == 0 || written > needed) return {};
-  expanded.resize(written - 1);
+  // Some systems count 16-bit units, and cut off the rest: one unit takes up to three bytes.
+  std::string expanded(std::size_t{needed} * 3, '\0');
+  const auto room = static_cast<DWORD>(expanded.size());
+  const DWORD written = ExpandEnvironmentStringsA(text.c_str(), expanded.data(), room);
+  if (written == 0 || written > room) return {};
   return StripNull(expanded);
 }
 

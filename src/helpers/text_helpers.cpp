@@ -7,6 +7,17 @@
 namespace tidemark {
 namespace {
 
+// What a number too large or too small for a double counts as.
+double OutOfRange(std::string_view text) {
+  const std::size_t exponent = text.find_first_of("eE");
+  if (exponent != std::string_view::npos &&
+      text.substr(exponent).find('-') != std::string_view::npos) {
+    return 0;
+  }
+  const double infinity = std::numeric_limits<double>::infinity();
+  return text.starts_with('-') ? -infinity : infinity;
+}
+
 // The longest number at the start of the text, without blanks; its length goes to *length.
 double ParseNumber(std::string_view text, std::size_t* length) {
   double number = 0;
@@ -24,7 +35,7 @@ double ParseNumber(std::string_view text, std::size_t* length) {
   const auto [stop, error] = std::from_chars(begin, end, number);
   if (error == std::errc::invalid_argument) return 0;
   *length = static_cast<std::size_t>(stop - text.data());
-  if (error == std::errc::result_out_of_range) return std::numeric_limits<double>::infinity();
+  if (error == std::errc::result_out_of_range) return OutOfRange({begin, stop});
   return number;
 }
 

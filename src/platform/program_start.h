@@ -13,8 +13,8 @@ enum class WindowStyle { kNormalFocus = 1, kMinimizedFocus = 2 };
 bool StartProgram(const std::string& command_line, WindowStyle style);
 
 // Types the keystrokes into the window that has the focus, in the platform's SendKeys syntax
-// ("{RIGHT}",
-// "{{}"), at once and with no waiting. On a hosted PC there is no such window, and nothing happens.
+// ("{RIGHT}", "{{}"), at once and with no waiting. On a hosted PC there is no such window, and
+// nothing happens.
 void SendKeystrokes(const std::string& keys);
 
 }  // namespace tidemark

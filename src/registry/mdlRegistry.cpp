@@ -1,5 +1,6 @@
 #include "registry/mdlRegistry.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -8,8 +9,9 @@
 namespace tidemark {
 namespace {
 
-// 261 characters; in UTF-8 the platform's 16-bit characters take up to three bytes each.
-constexpr DWORD kNameBytes = 261 * 3;
+// With the NUL; in UTF-8 the platform's 16-bit characters take up to three bytes each.
+constexpr DWORD kNameCharacters = 261;
+constexpr DWORD kNameBytes = kNameCharacters * 3;
 
 HKEY OpenKeyPlainly(HKEY root, const std::string& sub_key) {
   HKEY key = nullptr;
@@ -92,13 +94,24 @@ RegData QueryData(HKEY key, const char* name, ValueShape shape, BinaryBytes bina
   }
 }
 
+std::size_t CountCharacters(std::string_view utf8) {
+  return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+  }));
+}
+
 // A blank-filled name buffer after a call wrote a name and its NUL into it: trimmed of blanks,
-// which leaves the NUL at the end; a buffer that the call left alone gives the empty text.
+// which leaves the NUL at the end. A buffer that the call left alone gives the empty text, and so
+// does a name that does not fit the buffer's characters.
 std::string TrimmedName(const std::array<char, kNameBytes + 1>& buffer) {
   const std::string_view text(buffer.data(), kNameBytes);
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   const std::size_t end = text.find('\0', first);
+  if (end != std::string_view::npos && end >= kNameCharacters &&
+      CountCharacters(text.substr(0, end)) >= kNameCharacters) {
+    return {};
+  }
   return std::string(text.substr(first, end == std::string_view::npos ? end : end - first + 1));
 }
 
@@ -184,7 +197,7 @@ void EnumRegValue(HKEY key, DWORD index, std::string& name, std::string& data, D
   name = EnumName(key, index, &shape);
   type = shape.type;
   data.clear();
-  if (!name.empty()) data = RegDataText(QueryData(key, name.c_str(), shape, BinaryBytes::kAll));
+  data = RegDataText(QueryData(key, name.c_str(), shape, BinaryBytes::kAll));
 }
 
 void DeleteRegValue(HKEY root, const std::string& sub_key, const std::string& name) {

@@ -33,8 +33,12 @@ Finding FindingOf(const ListItem& row) {
           RoundToLong(LeadingNumber(row.SubItem(4).View())).value_or(0)};
 }
 
+// A sub-key of backslashes alone would be the root itself, which SplitSubKey, that knows an empty
+// one, lets pass.
 bool DeleteKey(std::string_view root_text, std::string_view key) {
-  return SHDeleteKeyA(StripHkey(root_text), SplitSubKey(key).c_str()) == ERROR_SUCCESS;
+  const std::string sub_key = SplitSubKey(key);
+  if (sub_key.find_first_not_of("\\ ") == std::string::npos) return false;
+  return SHDeleteKeyA(StripHkey(root_text), sub_key.c_str()) == ERROR_SUCCESS;
 }
 
 void RepairKey(const RepairJob& job, const Finding& finding) {

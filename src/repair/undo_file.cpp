@@ -59,7 +59,8 @@ std::string KeyRecord(std::string_view export_bytes) {
     if (first_key == std::string_view::npos) return std::string(kLineEnd);
     return std::string(export_bytes.substr(first_key)).append(kLineEnd).append(kLineEnd);
   }
-  const std::string text = Utf8FromUtf16(export_bytes);
+  const std::size_t whole_units = export_bytes.size() - export_bytes.size() % 2;
+  const std::string text = Utf8FromUtf16(export_bytes.substr(0, whole_units));
   const std::size_t first_key = text.find('[');
   if (first_key == std::string::npos) return {};
   return ToSystemCodePage(text.substr(first_key)).append(kLineEnd);
@@ -74,8 +75,9 @@ void SafeRegkey(const std::string& key, const std::string& program_folder,
   // Not awaited, on purpose: what is in the scratch file by then is what is kept.
   Sleep(10);
   FileSystemObject files;
-  files.Append(scratch_file, "");  // made, empty, when the editor has not made it yet
-  const std::string record = KeyRecord(files.ReadAll(scratch_file).value_or(""));
+  const std::optional<std::string> bytes = files.ReadAll(scratch_file);
+  if (!bytes) files.Append(scratch_file, "");  // the editor has not made it yet
+  const std::string record = KeyRecord(bytes.value_or(""));
   if (!record.empty()) files.Append(undo_file, record);
 }
 

@@ -114,8 +114,8 @@ void ScanClassRoot(frmMain& window, HKEY hive, std::string key) {
 
 void ScanClassKey(frmMain& window, HKEY hive, std::string key) {
   if (window.StopRequested) return;
-  const WalkedKey walked(hive, key);
   UpdStatus(window, key, "");
+  const WalkedKey walked(hive, key);
   const std::string leaf = CapitalLeaf(key);
   const bool judged = leaf.find("MSTCP") == std::string::npos;
   for (DWORD index = 0; index < walked.values; ++index) {

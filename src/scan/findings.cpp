@@ -51,7 +51,7 @@ void AddtoList(frmMain& window, HKEY hive, const std::string& key, const std::st
     row->SetSubItem(kValueName, value_name);
     row->SetSubItem(kValueData, value_data);
     row->SetSubItem(kReason, reason);
-    row->SetSubItem(kValueType, std::to_string(type));
+    row->SetSubItem(kValueType, std::to_string(static_cast<std::int32_t>(type)));
     row->SetSubItem(kSelected, "1");
     row->SetSubItem(kTestCode, window.CurrentLocation);
   }

@@ -30,30 +30,45 @@ void ShowProgressForm(frmMain& window) {
 }
 
 void ListCheckedTests(frmMain& window) {
-  for (int index = 1; index <= window.lvLocations.Count(); ++index) {
-    const ListItem& test = *window.lvLocations.Item(index);
-    if (!test.Checked()) continue;
+  const int tests = window.lvLocations.Count();
+  for (int index = 1; index <= tests; ++index) {
+    const ListItem* test = window.lvLocations.Item(index);
+    if (test == nullptr || !test->Checked()) continue;
     window.front_end.DoEvents();
-    if (ListItem* row = window.lvScan.Add(test.Key(), test.Caption())) {
+    test = window.lvLocations.Item(index);  // a visit of Home fills the list anew
+    if (test == nullptr) continue;
+    if (ListItem* row = window.lvScan.Add(test->Key(), test->Caption())) {
       row->SetSubItem(kStatus, "Pending");
     }
     window.front_end.DoEvents();
   }
 }
 
-// One row of lvScan from "Analyzing" to "Finished" or "Aborted".
-void RunTest(frmMain& window, ListItem& row) {
-  window.CurrentLocation = row.Key().String();
+void ShowRunning(frmMain& window, ListItem& row) {
   row.SetSubItem(kStatus, "Analyzing");
   row.SetSubItem(kProblems, "0");
   window.lvScan.EnsureVisible(&row);
   window.lvScan.Select(&row);
   row.SetSmallIcon(kRunningIcon);
-  ScanKey(window, window.CurrentLocation);
-  row.SetSubItem(kStatus, "Finished");
+}
+
+void ShowDone(const frmMain& window, ListItem& row) {
+  row.SetSubItem(kStatus, window.StopRequested ? "Aborted" : "Finished");
   row.SetSubItem(kProblems, WholeNumberText(LeadingNumber(row.SubItem(kProblems).View())));
   row.SetSmallIcon(kDoneIcon);
-  if (window.StopRequested) row.SetSubItem(kStatus, "Aborted");
+}
+
+// One row of lvScan from "Analyzing" to "Finished" or "Aborted". A second scan may have been
+// started, and have ended, at any yield; then the row is another one, or none.
+void RunTest(frmMain& window, int index) {
+  ListItem* row = window.lvScan.Item(index);
+  if (row == nullptr) return;
+  const std::string code = row->Key().String();
+  window.CurrentLocation = code;
+  ShowRunning(window, *row);
+  ScanKey(window, code);
+  row = window.lvScan.Item(index);
+  if (row != nullptr) ShowDone(window, *row);
 }
 
 void RunTests(frmMain& window) {
@@ -62,9 +77,10 @@ void RunTests(frmMain& window) {
   window.ProblemCount = 0;
   // The message that a scan takes some minutes goes to a member 0 of lblscanmsg, which does not
   // exist; so it never shows, on purpose.
-  for (int index = 1; index <= window.lvScan.Count(); ++index) {
+  const int tests = window.lvScan.Count();
+  for (int index = 1; index <= tests; ++index) {
     window.front_end.DoEvents();
-    RunTest(window, *window.lvScan.Item(index));
+    RunTest(window, index);
     if (window.StopRequested) return;
     window.front_end.DoEvents();
   }

@@ -34,8 +34,8 @@ void ShowAbout(frmMain& window) {
   window.front_end.Show(window.about->form);
 }
 
-frmMessBox& NewMessBox(frmMain& window) {
-  CloseMessBox(window);
+frmMessBox& MessBox(frmMain& window) {
+  if (window.mess_box) return *window.mess_box;
   window.mess_box = std::make_unique<frmMessBox>();
   frmMessBox& box = *window.mess_box;
   box.form.Load.Bind([&box] { box.form.SetTopmost(true); });

@@ -8,8 +8,8 @@ namespace tidemark {
 // Shows the about box, modeless.
 void ShowAbout(frmMain& window);
 
-// Makes the question box, its buttons bound, not yet shown: the caller sets caption, message and
-// the buttons' Enabled and Visible, then shows it.
-frmMessBox& NewMessBox(frmMain& window);
+// The question box: one that is still open, or a new one, not yet shown. The caller sets caption,
+// message and the buttons' Enabled and Visible, then shows it.
+frmMessBox& MessBox(frmMain& window);
 
 }  // namespace tidemark

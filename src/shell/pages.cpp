@@ -82,11 +82,15 @@ void lblOptions_Click(frmMain& window, int index) {
     OpenWebPage("/tellafriend.php", "open", "1", "1", SW_SHOWMAXIMIZED);
     return;
   }
-  window.lblOptions(index).SetBackColor(kWhite);
-  window.lblOptions(index).SetForeColor(kHighlight);
+  Label* label = window.lblOptions.Find(index);
+  PictureBox* tab = window.picAdvOptions.Find(index);
+  if (label == nullptr || tab == nullptr) return;
+  label->SetBackColor(kWhite);
+  label->SetForeColor(kHighlight);
   window.CurrentTab = index;
-  window.picAdvOptions(index).SetVisible(true);
-  window.picAdvOptions(index).BringToFront();
+  tab->SetBorderStyle(0);
+  tab->SetVisible(true);
+  tab->BringToFront();
   LoadProgramPicture(window, window.picopttoolback,
                      "\\images\\AdvancedOptions" + std::to_string(index) + ".jpg");
   if (index == 2) window.loadPrograms();

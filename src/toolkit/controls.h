@@ -72,6 +72,12 @@ class ImageBox : public ClickControl {
 class PictureBox : public ImageBox {
  public:
   using ImageBox::ImageBox;
+  // 0 is no border, 1 a single line.
+  int BorderStyle() const { return border_style_; }
+  void SetBorderStyle(int style) { border_style_ = style; }
+
+ private:
+  int border_style_ = 1;
 };
 
 // A short film that says that work goes on. It runs while the work does.

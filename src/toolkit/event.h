@@ -1,11 +1,10 @@
 // What a control raises and a handler is bound to. The conventions of all controls:
 //
 // - An event is raised by what a person does (the front end calls Click(), UserCheck(), ...), never
-// by
-//   a procedure that sets a property.
+//   by a procedure that sets a property.
 // - A control has changed its own state before it raises the event.
 // - One handler per event. A handler may do anything to the control that raised it, clearing a list
-//   included: the control touches nothing of its own after the handler has returned.
+//   included: the control touches no row of its own after the handler has returned.
 #pragma once
 
 #include <functional>

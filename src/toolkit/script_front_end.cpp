@@ -38,9 +38,8 @@ void ScriptFrontEnd::Show(Form& form) {
 }
 
 void ScriptFrontEnd::Unload(Form& form) {
-  form.Unload();
   form.SetVisible(false);
-  std::erase(loaded_, &form);
+  if (std::erase(loaded_, &form) > 0) form.Unload();
 }
 
 void ScriptFrontEnd::ShowMessage(std::string_view text, std::string_view title) {

@@ -25,6 +25,8 @@ TEST(CheckValid, JudgesCommandLinesByTheProgramThatTheyStart) {
   pc.MakeFile(base + "\\App.v2\\tool.exe");
   pc.MakeFile(base + "\\Tools\\app.exe");
   pc.MakeFile(base + "\\lib\\codec.dll");
+  pc.MakeFile(base + "\\lib\\plain");
+  pc.MakeFile(base + "\\Größe Чайка\\app.exe");
   const std::vector<Judged> cases = {
       {base + "\\Program Files\\App", true},
       {base + "\\Program Files\\App\\app.exe", true},
@@ -41,11 +43,17 @@ TEST(CheckValid, JudgesCommandLinesByTheProgramThatTheyStart) {
       {base + "\\App.v2\\tool.exe -x", false},  // the folder's dot ends the cut too early
       {base + "\\lib\\codec.dll", true},
       {base + "\\lib\\gone.dll", false},
-      {"@" + base + "\\lib\\codec.dll,-101", true},
+      // No extension to cut at, so each sign has to be cut at by itself.
+      {base + "\\lib\\plain,-3", true},
+      {base + "\\lib\\plain /x", true},
+      {base + "\\lib\\plain;0", true},
+      {base + "\\lib\\plain%1", true},
+      {"\"" + base + "\\lib\\plain\"", true},
+      {base + "\\lib\\co@dec.dll", true},
+      {"1 " + base + "\\lib\\gone.dll", false},
       {"run it: " + base + "\\lib\\codec.dll", true},
       {"Rundll32 " + base + "\\lib\\codec.dll,Start", true},
       {"RunDll32 " + base + "\\lib\\gone.dll,Start", false},
-      {base + "\\none\\Rundll32 codec.dll,Start", false},
   };
   for (const Judged& one : cases) EXPECT_EQ(CheckValid(one.text), one.valid) << one.text;
 }
@@ -71,11 +79,18 @@ TEST(CheckValid, FindsBareNamesInTheSystemFoldersAlone) {
   const std::string name = "tm-" + pc.folder().substr(pc.folder().rfind('\\') + 1);
   const std::string in_system = GetWindowsDir() + "\\system32\\" + name + ".dll";
   pc.MakeFile(in_system);
+  const std::string runner = GetWindowsDir() + "\\System32\\";
+  pc.MakeFile(GetWindowsDir() + "\\system32\\rundll32.exe");
   const std::vector<Judged> cases = {
       {name + ".dll", true},
       {name + ".dll /s", true},
       {name, false},  // no extension is tried in the system folders
       {"%SystemRoot%\\system32\\" + name + ".dll", true},
+      {"%SystemRoot%\\system32\\" + name + "-gone.dll", false},
+      {"Rundll32 " + name + ".dll,Start", true},
+      {"RunDll32 " + name + ".dll,Start", true},
+      {runner + "rundll32.exe x", true},
+      {runner + "Rundll32.exe x", false},  // the runner's name is taken out
   };
   for (const Judged& one : cases) EXPECT_EQ(CheckValid(one.text), one.valid) << one.text;
 }

@@ -29,6 +29,7 @@ TEST(IgnoreList, HasTwentyEntriesWithNoFile) {
   for (const auto& [text, held] : cases) EXPECT_EQ(IsInIngnoreList(list, text), held) << text;
   AddToSafeList(list, pc.program_folder(), "My Key");
   EXPECT_FALSE(IsInIngnoreList(list, "my key")) << "with no file nothing is added";
+  EXPECT_FALSE(pc.FileExists(pc.program_folder() + "\\Ignorelst.ini"));
 }
 
 TEST(IgnoreList, TakesTheLinesOfItsFileInSystemCodePage) {

@@ -72,9 +72,12 @@ TEST_F(Editor, ExportsAKeyAndWhatLiesBelow) {
       << script;
 }
 
-TEST_F(Editor, ExportsNothingUnderAShortRootNameOrOfAMissingKey) {
+TEST_F(Editor, LeavesTheFileAloneUnderAShortRootNameOrForAMissingKey) {
   for (const std::string& key : {"HKCU\\" + pc.LiveKey(), full_key + "\\No such key"}) {
-    EXPECT_EQ(Exported(key).find('['), std::string::npos) << key;
+    FileSystemObject().WriteAll(file, "the export before");
+    EXPECT_EQ(Exported(key), "the export before") << key;
+    DeleteFileA(file.c_str());
+    EXPECT_EQ(Exported(key), "no file") << key;
   }
 }
 

@@ -23,6 +23,12 @@ struct FindingRow {
 };
 
 struct RepairPc : WindowPc {
+  RepairPc() {
+    window.picWelcome.SetVisible(false);
+    window.picClear.SetVisible(true);
+    window.cmdStopFix.SetEnabled(true);
+  }
+
   void AddFinding(const FindingRow& row) {
     ListItem* item =
         window.lvInvalidLoc.Add("K" + std::to_string(window.lvInvalidLoc.Count() + 1), row.key);
@@ -95,7 +101,6 @@ TEST(Repair, KeepsTheRowsThatWereUnticked) {
             "[HKEY_CURRENT_USER\\Made]\r\n\"c\"=\"data\"\r\n\r\n");
   EXPECT_EQ(on.window.lvInvalidLoc.Count(), 3);
   EXPECT_TRUE(on.window.picWelcome.Visible());
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "OutstandingErrors"), "0");
 }
 
 TEST(Repair, AStopFinishesTheRowInWorkAndClosesAsUsual) {
@@ -114,6 +119,48 @@ TEST(Repair, AStopFinishesTheRowInWorkAndClosesAsUsual) {
   // The flag is still set, and ends the next run behind its first row.
   cmdFix_Click(on.window);
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "c", "gone"), "data");
+}
+
+TEST(Repair, HidesItsButtonsWhileItRunsAndClosesWithAllSteps) {
+  RepairPc on;
+  int backups_listed = 0;
+  on.window.Loadbackup.Bind([&backups_listed] { ++backups_listed; });
+  on.pc.MakeFile(on.pc.program_folder() + "\\images\\RegHealth-Healthy.jpg");
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "OutstandingErrors", "7");
+  on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", "a", "data", "1", "0"});
+  on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", "b", "data"});
+  on.window.lvFound.Add("STARTUP", "Startup");
+  on.window.lvProblems.Add("K1", "x");
+  bool seen = false;
+  on.front_end.AtYield(1, [&] {
+    seen = true;
+    EXPECT_FALSE(on.window.cmdFix.Visible());
+    EXPECT_FALSE(on.window.cmdCancel.Visible());
+    EXPECT_TRUE(on.window.cmdStopFix.Visible());
+    EXPECT_EQ(on.window.ProgressBar2.Value(), 1) << "also for a row that was unticked";
+  });
+  on.window.cmdFix.Click();
+  EXPECT_TRUE(seen);
+  EXPECT_EQ(on.window.ProgressBar2.Value(), 0);
+  EXPECT_FALSE(on.window.cmdStopFix.Enabled());
+  EXPECT_EQ(on.window.lvFound.Count() + on.window.lvProblems.Count(), 0);
+  EXPECT_TRUE(on.window.cmdFinish.Visible());
+  EXPECT_FALSE(on.window.picClear.Visible());
+  EXPECT_EQ(backups_listed, 3) << "Home, the repair's own end, the settings";
+  EXPECT_TRUE(on.window.IMGRegistryStatus.PictureFile().ends_with("RegHealth-Healthy.jpg"));
+  on.window.cmdFinish.Click();
+  EXPECT_FALSE(on.window.cmdFinish.Visible());
+}
+
+TEST(Repair, NoRowCanEmptyAWholeRoot) {
+  RepairPc on;
+  on.pc.SetText(HKEY_CLASSES_ROOT, "Made.Type", "a", "data");
+  for (const char* key : {"HKEY_CLASSES_ROOT\\", "HKEY_CLASSES_ROOT\\\\", "HKEY_CLASSES_ROOT"}) {
+    on.AddFinding({"IFA", key, "", ""});
+    on.AddFinding({"APP", key, "", ""});
+  }
+  cmdFix_Click(on.window);
+  EXPECT_EQ(GetRegString(HKEY_CLASSES_ROOT, "Made.Type", "a"), "data");
 }
 
 TEST(Repair, WithNoRowsWritesNoUndoFile) {

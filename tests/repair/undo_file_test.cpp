@@ -46,7 +46,7 @@ TEST(UndoFile, CopiesOfAnExportWhatComesBehindItsHeader) {
   EXPECT_EQ(KeyRecord("no key\r\n"), "\r\n");
   EXPECT_EQ(KeyRecord(""), "");
   EXPECT_EQ(KeyRecord("\xFF\xFE"), "");
-  EXPECT_EQ(KeyRecord("\xFF\xFE" + Utf16FromUtf8("[K]") + "x"), "[K]?\r\n");
+  EXPECT_EQ(KeyRecord("\xFF\xFE" + Utf16FromUtf8("[K]") + "x"), "[K]\r\n");
 }
 
 // The registry editor is another process, so these work on the PC's own registry.

@@ -81,6 +81,53 @@ TEST(Scan, AStopKeepsWhatWasFoundAndLeavesTheRestPending) {
   EXPECT_EQ(Stored("LastCount"), "2");
 }
 
+TEST(Scan, LivesThroughWhateverAPersonDoesMeanwhile) {
+  for (const long yield : {1, 7, 13, 24, 26, 40, 60}) {
+    ScanPc on;
+    on.Choose("1;1;1;1;1;1;1;1;1;1;1;1");
+    on.front_end.AtYield(yield, [&on] { on.window.cmdMenuHome.Click(); });
+    cmdScan_Click(on.window);
+    EXPECT_EQ(on.window.lvScan.Count(), 12) << yield;
+  }
+  for (const char* choice :
+       {"1;1;1;1;1;1;1;1;1;1;1;1", "0;0;0;0;0;0;0;1;0;0;0;0", "0;0;0;0;0;0;0;0;0;0;0;0"}) {
+    ScanPc on;
+    on.Choose("1;1;1;1;1;1;1;1;1;1;1;1");
+    on.front_end.When([&on] { return on.window.CurrentLocation == "STARTUP"; },
+                      [&on, choice] {
+                        on.Choose(choice);
+                        on.window.cmdScanNow.Click();
+                      });
+    cmdScan_Click(on.window);
+    EXPECT_FALSE(on.window.ScanRunning) << choice;
+    EXPECT_TRUE(on.window.picClear.Visible()) << choice;
+  }
+}
+
+TEST(Scan, ShowsItsProgressFormWhileItRuns) {
+  ScanPc on;
+  on.Choose("0;0;0;0;0;0;0;1;0;0;0;0");
+  bool seen = false;
+  on.front_end.When(
+      [&on] {
+        return on.window.lvScan.Item("STARTUP") != nullptr &&
+               on.window.lvScan.Item("STARTUP")->SubItem(1) == "Analyzing";
+      },
+      [&on, &seen] {
+        seen = true;
+        EXPECT_FALSE(on.window.cmdScan.Visible());
+        EXPECT_FALSE(on.window.cmdBack.Visible());
+        EXPECT_TRUE(on.window.cmdStop.Visible());
+        EXPECT_FALSE(on.window.imgClose.Enabled());
+        EXPECT_EQ(on.window.picScan.Controls().back(), &on.window.lvScan);
+      });
+  cmdScan_Click(on.window);
+  EXPECT_TRUE(seen);
+  EXPECT_TRUE(on.window.cmdScan.Visible());
+  EXPECT_FALSE(on.window.cmdStop.Visible());
+  EXPECT_TRUE(on.window.imgClose.Enabled());
+}
+
 TEST(Scan, ATickReachesTheRecordAndComesBack) {
   ScanPc on;
   on.Choose("1;1;1;1;1;1;1;1;1;1;1;1");
@@ -125,6 +172,9 @@ TEST(Locations, EveryTickIsSavedAtOnce) {
   on.window.chkSelectAll.Click();
   EXPECT_EQ(Stored("LocState"), "0;0;0;0;0;0;0;0;0;0;0;0");
   EXPECT_EQ(Stored("SelectAllLoc"), "0");
+  on.window.chkSelectAll.Click();
+  EXPECT_EQ(Stored("LocState"), "1;1;1;1;1;1;1;1;1;1;1;1");
+  EXPECT_EQ(Stored("SelectAllLoc"), "1");
   on.window.lvLocations.Clear();
   SaveLocations(on.window);
   EXPECT_EQ(Stored("LocState"), "");
@@ -141,8 +191,11 @@ TEST(Findings, TheMasterListSortsInTurnsAndNamesItsKeyInKeystrokes) {
   EXPECT_EQ(on.NamesAndReasons(), (Rows{"b|reason", "a|reason"}));
   EXPECT_EQ(KeystrokesToKey("HKEY_CLASSES_ROOT\\CLSID\\{A}"),
             "HKEY_CLASSES_ROOT{RIGHT}CLSID{RIGHT}{{}A{}}");
+  on.window.IgnoreList.slots = {"hkey_", ""};
+  AddtoList(on.window, HKEY_CURRENT_USER, "X", "", "", 0x80000000U, "reason");
+  EXPECT_EQ(on.window.lvInvalidLoc.Item("K3")->SubItem(kValueType), "-2147483648");
   AddtoList(on.window, nullptr, "X", "", "", REG_SZ, "reason");
-  EXPECT_EQ(on.window.lvInvalidLoc.Item("K3")->Caption(), "\\X") << "an unknown root has no name";
+  EXPECT_EQ(on.window.lvInvalidLoc.Item("K4")->Caption(), "\\X") << "an unknown root has no name";
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "helpers/system_helpers.h"
+#include "scan/scan.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -26,7 +28,6 @@ TEST(ScanClassKey, FollowsTheChainForEachValue) {
   const std::vector<ClassCase> cases = {
       {"", "", "B:\\gone folder\\x.dll", "Invalid path"},
       {"InprocServer32", "", "Q:\\gone folder\\x.dll", ""},
-      {"InprocServer32", "x", ":\\gone folder", ""},
       {"InprocServer32", "", "bare.dll", ""},
       {"TypeLib", "", "", "no value for TypeLib"},
       {"TypeLib", "any", "", "no value for TypeLib"},
@@ -53,9 +54,10 @@ TEST(ScanClassKey, FollowsTheChainForEachValue) {
       {"Other", "InprocServer", "", "Empty InprocServer"},
       {"Other", "", "", ""},
       {"Mstcp settings", "InprocServer", "", ""},
-      {"Mstcp settings\\Other", "InprocServer", "", ""},  // dropped by the ignore list
+      {"Mstcp settings\\Other", "InprocServer", "", "Empty InprocServer"},
   };
   WindowPc on;
+  on.window.IgnoreList = {};  // which would drop the MSTCP cases itself
   on.pc.MakeKey(HKEY_CLASSES_ROOT, "TYPELIB\\{KNOWN}");
   on.pc.MakeKey(HKEY_CLASSES_ROOT, "Known.Type");
   on.pc.MakeKey(HKEY_CLASSES_ROOT, "Progid\\Listed.Type");
@@ -74,6 +76,7 @@ TEST(ScanClassKey, FollowsTheChainForEachValue) {
 
 TEST(ScanPathKey, ReportsWhatIsGoneInAnyDepthInRegistryOrder) {
   WindowPc on;
+  on.window.IgnoreList = {};
   const std::string file = on.pc.folder() + "\\there.exe";
   on.pc.MakeFile(file);
   on.pc.SetText(HKEY_CURRENT_USER, kRun, "a good", file);
@@ -84,12 +87,14 @@ TEST(ScanPathKey, ReportsWhatIsGoneInAnyDepthInRegistryOrder) {
   on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "f bytes", "C:\\gone");
   on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\Sub\\Deep", "", on.pc.folder() + "\\gone.exe");
   on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\x MsTcp", "y", on.pc.folder() + "\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "g mstcp", on.pc.folder() + "\\gone.exe");
   ScanPathKey(on.window, HKEY_CURRENT_USER, kRun);
   EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kValueName, kValueType}),
             (Rows{"HKEY_CURRENT_USER\\" + kRun + "|b gone|1",
                   "HKEY_CURRENT_USER\\" + kRun + "|d expand|2",
+                  "HKEY_CURRENT_USER\\" + kRun + "|g mstcp|1",
                   "HKEY_CURRENT_USER\\" + kRun + "\\Sub\\Deep||1"}));
-  EXPECT_EQ(on.window.ProblemCount, 3);
+  EXPECT_EQ(on.window.ProblemCount, 4);
 }
 
 TEST(ScanUninstallKey, ReadsOnlyTextAndOneLevel) {
@@ -112,10 +117,14 @@ TEST(ScanSharedDllKey, JudgesTheNamesNotTheData) {
   on.pc.MakeFile(on.pc.folder() + "\\there.dll");
   on.pc.SetDword(HKEY_LOCAL_MACHINE, key, on.pc.folder() + "\\gone.dll", 2);
   on.pc.SetDword(HKEY_LOCAL_MACHINE, key, on.pc.folder() + "\\there.dll", 1);
+  on.pc.SetDword(HKEY_LOCAL_MACHINE, key, "S:\\gone.dll", 1);  // no drive test here
   on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\Sub", "  ", on.pc.folder() + "\\gone.dll");
+  on.pc.SetDword(HKEY_LOCAL_MACHINE, key + "\\Sub", "gone.dll", 1);
   ScanSharedDllKey(on.window, HKEY_LOCAL_MACHINE, key);
-  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {kValueName, kValueData, kReason}),
-            (Rows{on.pc.folder() + "\\gone.dll|2|Shared file doesn't exists"}));
+  EXPECT_EQ(
+      WindowPc::Rows(on.window.lvInvalidLoc, {kValueName, kValueData, kReason}),
+      (Rows{on.pc.folder() + "\\gone.dll|2|Shared file doesn't exists",
+            "S:\\gone.dll|1|Shared file doesn't exists", "gone.dll|1|Shared file doesn't exists"}));
 }
 
 TEST(ScanFontKey, PutsTheFontsFolderAheadOfAnyData) {
@@ -123,12 +132,16 @@ TEST(ScanFontKey, PutsTheFontsFolderAheadOfAnyData) {
   const std::string key = "Software\\MyFonts";
   on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Empty", "");
   on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Gone", "gone-font.ttf");
+  const std::string fonts = GetSpecialFolderPath(CSIDL_FONTS);
+  on.pc.MakeFile(fonts + "\\tm-there.ttf");
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Here", "tm-there.ttf");
+  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Whole path", fonts + "\\tm-there.ttf");
   ScanFontKey(on.window, HKEY_LOCAL_MACHINE, key);
   EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {kValueData, kReason}),
-            (Rows{"gone-font.ttf|Invalid Font"}));
+            (Rows{"gone-font.ttf|Invalid Font", fonts + "\\tm-there.ttf|Invalid Font"}));
   on.pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Classes\\Fonts", "Gone", "gone-font.ttf");
   ScanFontKey(on.window, HKEY_LOCAL_MACHINE, "software\\classes\\Fonts");
-  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 1) << "the class tree is never entered";
+  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 2) << "the class tree is never entered";
 }
 
 TEST(ScanAssocRoot, FindsFileTypesThatAreMissingEmptyOrBroken) {
@@ -142,32 +155,62 @@ TEST(ScanAssocRoot, FindsFileTypesThatAreMissingEmptyOrBroken) {
   extension(".d", "");
   extension(".e", "Broken.Type");
   extension("no dot", "Gone.Type");
+  on.pc.MakeKey(HKEY_CLASSES_ROOT, "Broken.Type\\empty sub-key");
+  on.pc.SetText(HKEY_CLASSES_ROOT, ".a\\ShellNew", "FileName", on.pc.folder() + "\\gone.doc");
   on.pc.SetText(HKEY_CLASSES_ROOT, "Broken.Type\\shell\\open\\command", "",
                 on.pc.folder() + "\\gone.exe %1");
   on.pc.MakeKey(HKEY_CLASSES_ROOT, "CLSID");
   ScanAssocRoot(on.window, HKEY_CLASSES_ROOT, "");
   EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kReason, kValueType}),
-            (Rows{"HKEY_CLASSES_ROOT\\Gone.Type|No asscociation|1",
+            (Rows{"HKEY_CLASSES_ROOT\\.a\\ShellNew|Invalid path|1",
+                  "HKEY_CLASSES_ROOT\\Gone.Type|No asscociation|1",
                   "HKEY_CLASSES_ROOT\\Gone.Type|No asscociation|1",
                   "HKEY_CLASSES_ROOT\\Broken.Type\\shell\\open\\command|Invalid path|1"}));
 }
 
 TEST(Walkers, StopAtTheNextItem) {
-  WindowPc on;
-  for (int number = 0; number < 10; ++number) {
-    on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\" + std::to_string(number), "x",
-                  on.pc.folder() + "\\gone.exe");
-  }
-  on.front_end.When([&on] { return on.window.lvInvalidLoc.Count() == 3; },
-                    [&on] { on.window.StopRequested = true; });
-  ScanPathKey(on.window, HKEY_CURRENT_USER, kRun);
-  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 3);
-  const long yields = on.front_end.yields();
-  for (const auto walker : {ScanPathKey, ScanUninstallKey, ScanClassRoot, ScanSharedDllKey,
-                            ScanFontKey, ScanAssocRoot, ScanAssocKey}) {
+  for (const auto walker : {ScanPathKey, ScanUninstallKey, ScanClassRoot, ScanClassKey,
+                            ScanSharedDllKey, ScanFontKey, ScanAssocRoot, ScanAssocKey}) {
+    WindowPc on;
+    const std::string gone = on.pc.folder() + "\\gone.exe";
+    for (int number = 0; number < 10; ++number) {
+      const std::string key = kRun + "\\." + std::to_string(number);
+      on.pc.SetText(HKEY_CURRENT_USER, key, "UnInstallString", gone);
+      on.pc.SetText(HKEY_CURRENT_USER, key, gone, gone);
+      on.pc.SetText(HKEY_CURRENT_USER, key, "", "Gone.Type");
+    }
+    on.front_end.When([&on] { return on.window.lvInvalidLoc.Count() == 3; },
+                      [&on] { on.window.StopRequested = true; });
     walker(on.window, HKEY_CURRENT_USER, kRun);
+    EXPECT_LE(on.window.lvInvalidLoc.Count(), 3 + (walker == ScanFontKey ? 1 : 0));
+    on.window.StopRequested = true;
+    const long yields = on.front_end.yields();
+    walker(on.window, HKEY_CURRENT_USER, kRun);
+    EXPECT_EQ(on.front_end.yields(), yields) << "a walk that is told to stop does nothing";
   }
-  EXPECT_EQ(on.front_end.yields(), yields) << "a walk that is told to stop does nothing";
+}
+
+TEST(Walkers, MoveTheBarByTheirOwnRules) {
+  struct Case {
+    void (*walker)(frmMain&, HKEY, std::string);
+    int max;
+    int value;
+  };
+  // A key with 2 values and 3 sub-keys; the bar comes from 0 of 1.
+  for (const Case& one :
+       {Case{ScanPathKey, 6, 5}, Case{ScanUninstallKey, 4, 3}, Case{ScanSharedDllKey, 6, 5},
+        Case{ScanFontKey, 6, 5}, Case{ScanClassRoot, 3, 2}, Case{ScanAssocRoot, 3, 2},
+        Case{ScanClassKey, 1, 0}, Case{ScanAssocKey, 1, 0}}) {
+    WindowPc on;
+    for (const char* name : {"a", "b"}) on.pc.SetText(HKEY_CURRENT_USER, "Bar", name, "x");
+    for (const char* name : {"1", "2", "3"}) {
+      on.pc.MakeKey(HKEY_CURRENT_USER, std::string("Bar\\") + name);
+    }
+    ScanKey(on.window, "no test's code");  // resets the bar and walks nothing
+    one.walker(on.window, HKEY_CURRENT_USER, "Bar");
+    EXPECT_EQ(on.window.pbarScan.Max(), one.max);
+    EXPECT_EQ(on.window.pbarScan.Value(), one.value);
+  }
 }
 
 TEST(Walkers, PassOverWhatCannotBeRead) {

@@ -42,7 +42,9 @@ TEST(Shell, AFirstStartKnowsNothingAndScans) {
                       seen.push_back(ShellPc::Picture(on.window.IMGRegistryStatus));
                       seen.push_back(on.window.picScan.Visible() ? "scan page" : "other page");
                     });
+  const auto start = GetTickCount64();
   Main(on.window);
+  EXPECT_GE(GetTickCount64() - start, 1500U) << "the splash stays that long";
   EXPECT_EQ(seen, (std::vector<std::string>{"splash", "Date: Not Available   Time: Not Available",
                                             "0", "RegHealth-Unknown.jpg", "scan page"}));
   EXPECT_TRUE(on.window.picClear.Visible());
@@ -55,6 +57,7 @@ TEST(Shell, ASecondInstanceEndsWithNoWindow) {
   on.window.application.previous_instance = true;
   EXPECT_THROW(Main(on.window), ProcessEnded);
   EXPECT_FALSE(on.window.form.Visible());
+  EXPECT_EQ(on.front_end.yields(), 0) << "not even the splash was shown";
 }
 
 TEST(Shell, ClosingInMidScanSavesTheSelectionAndEnds) {
@@ -107,7 +110,12 @@ TEST(Shell, TheScanPageComesBackAsTheScanHasIt) {
   EXPECT_EQ(on.window.lblstatus.Caption(), "here");
   EXPECT_TRUE(on.window.lblscanmsg(3).Visible());
   on.window.ScanRunning = false;
+  for (Control* control : {&on.window.cmdBack, &on.window.cmdScan}) control->SetVisible(false);
+  on.window.cmdStop.SetVisible(true);
   cmdMenuScan_Click(on.window);
+  EXPECT_TRUE(on.window.cmdScan.Visible());
+  EXPECT_FALSE(on.window.cmdStop.Visible());
+  EXPECT_EQ(on.window.picScan.Controls().back(), &on.window.lvLocations);
   EXPECT_EQ(on.window.pbarScan.Value(), 0);
   EXPECT_EQ(on.window.lblstatus.Caption(), "");
   EXPECT_TRUE(on.window.lblscanmsg(2).Visible());
@@ -121,6 +129,9 @@ TEST(Shell, TabsShowOnePanelAndTheFourthIsNone) {
   cmdMenuBackups_Click(on.window);
   EXPECT_EQ(on.window.CurrentTab, 1);
   EXPECT_TRUE(on.window.picAdvOptions(1).Visible());
+  EXPECT_EQ(on.window.lblOptions(1).BackColor(), 0xFFFFFFU);
+  EXPECT_EQ(on.window.lblOptions(0).BackColor(), 0x8000000DU);
+  EXPECT_EQ(ShellPc::Picture(on.window.cmdMenuHome), "overview.jpg") << "plain again";
   EXPECT_EQ(ShellPc::Picture(on.window.picopttoolback), "AdvancedOptions1.jpg");
   on.window.lblOptions(3).Click();
   EXPECT_EQ(on.window.CurrentTab, 1);
@@ -133,15 +144,41 @@ TEST(Shell, TabsShowOnePanelAndTheFourthIsNone) {
   EXPECT_FALSE(on.window.picAdvOptions(0).Visible());
 }
 
+TEST(Shell, AHiddenStartIsMinimizedAndAllHooksAreCalled) {
+  ShellPc on;
+  on.Store("ShowinSystray", "1");
+  on.Store("SelectAllLoc", "1");
+  on.Store("TotalCount", "many");
+  std::string called;
+  const auto hook = [&called](Event<>& event, char letter) {
+    event.Bind([&called, letter] { called += letter; });
+  };
+  hook(on.window.LoadOptions, 'o');
+  hook(on.window.Loadbackup, 'b');
+  hook(on.window.Scheduler, 's');
+  hook(on.window.AddTrayIcon, 't');
+  hook(on.window.LoadFileTypes, 'f');
+  hook(on.window.LoadExcludeFolders, 'e');
+  hook(on.window.RemoveTrayIcon, 'r');
+  on.front_end.Show(on.window.form);
+  EXPECT_EQ(called, "obstfe");
+  EXPECT_EQ(on.window.form.State(), WindowState::kMinimized);
+  EXPECT_EQ(on.window.chkSelectAll.Value(), 1);
+  EXPECT_EQ(on.window.lblTotaltodate.Caption(), "many");
+  EXPECT_THROW(on.front_end.Unload(on.window.form), ProcessEnded);
+  EXPECT_EQ(called, "obstfer");
+}
+
 TEST(Shell, TheQuestionBoxAnswersAndGoes) {
   ShellPc on;
   for (const auto& [button, answer] : {std::pair{&frmMessBox::cmdYes, "YES"},
                                        {&frmMessBox::cmdNo, "NO"},
                                        {&frmMessBox::cmdOK, "EMPTY"}}) {
     on.window.MessBoxAnswer = "EMPTY";
-    frmMessBox& box = NewMessBox(on.window);
+    frmMessBox& box = MessBox(on.window);
     on.front_end.Show(box.form);
     EXPECT_TRUE(box.form.Topmost());
+    EXPECT_EQ(&MessBox(on.window), &box) << "a box that is open is asked again";
     (box.*button).Click();
     EXPECT_EQ(on.window.MessBoxAnswer, answer);
     EXPECT_EQ(on.window.mess_box, nullptr);

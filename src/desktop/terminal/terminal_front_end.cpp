@@ -157,7 +157,8 @@ void TerminalFrontEnd::Follow(const CommandResult& result) {
 void TerminalFrontEnd::CloseMain() {
   if (closing_) End();
   closing_ = true;
-  if (desk_.main_window != nullptr) Unload(*desk_.main_window);
+  // Before it is shown it holds nothing that its end could store.
+  if (desk_.main_window != nullptr && desk_.main_window->Visible()) Unload(*desk_.main_window);
   End();
 }
 

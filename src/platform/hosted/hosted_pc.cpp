@@ -10,6 +10,7 @@
 
 #include "platform/hosted/clock.h"
 #include "platform/hosted/file_store.h"
+#include "platform/hosted/folder_lock.h"
 #include "platform/hosted/host_file.h"
 #include "platform/hosted/pc_settings.h"
 #include "platform/hosted/registry_editor.h"
@@ -61,6 +62,7 @@ void (*HostedPc::before_rename)() = nullptr;
 
 HostedPc::HostedPc(const std::filesystem::path& folder)
     : folder_(Checked(folder)),
+      lock_(std::make_unique<FolderLock>(folder_)),
       settings_(std::make_unique<PcSettings>(PcSettings::Read(folder_ / "pc.ini"))),
       clock_(std::make_unique<Clock>()),
       files_(std::make_unique<FileStore>(folder_, *settings_)),
@@ -78,7 +80,7 @@ HostedPc::~HostedPc() { current_pc = nullptr; }
 
 void HostedPc::ShutDown() {
   editor_->Finish();
-  if (!registry_->changed()) return;
+  if (!registry_->changed() || !IsSoleUser()) return;
   const fs::path registry = folder_ / kRegistryFile;
   const fs::path fresh = folder_ / "registry.reg.new";
   try {
@@ -94,6 +96,8 @@ void HostedPc::ShutDown() {
     throw;
   }
 }
+
+bool HostedPc::IsSoleUser() const { return lock_->taken(); }
 
 HostedPc& HostedPc::Current() {
   if (current_pc == nullptr) throw std::logic_error("no hosted PC is switched on");

@@ -16,6 +16,7 @@ namespace tidemark::hosted {
 
 class Clock;
 class FileStore;
+class FolderLock;
 class PcSettings;
 class RegistryEditor;
 class RegistryStore;
@@ -45,7 +46,11 @@ class HostedPc {
   // Lets the programs that were started come to their end, and writes registry.reg if the registry
   // was changed: a new file beside it, then a rename, so that no half-written registry can ever be
   // met. Throws HostedPcError when it can't be written; registry.reg is then what it was.
+  // Does nothing while another process works on the folder.
   void ShutDown();
+
+  // False when another process was working on the folder when this PC was switched on.
+  bool IsSoleUser() const;
 
   const std::filesystem::path& folder() const { return folder_; }
   PcSettings& settings() { return *settings_; }
@@ -64,6 +69,7 @@ class HostedPc {
 
  private:
   std::filesystem::path folder_;
+  std::unique_ptr<FolderLock> lock_;  // taken before anything is read
   std::unique_ptr<PcSettings> settings_;
   std::unique_ptr<Clock> clock_;
   std::unique_ptr<FileStore> files_;

@@ -118,7 +118,7 @@ void RegistryEditor::RunUntil(std::uint64_t now_us) {
                          [](const Command& a, const Command& b) { return a.due_us < b.due_us; });
     if (next->due_us > now_us) break;
     if (!next->file_open) {
-      Begin(*next);
+      if (!Begin(*next)) commands_.erase(next);
     } else {
       const Command command = std::move(*next);
       commands_.erase(next);
@@ -128,12 +128,15 @@ void RegistryEditor::RunUntil(std::uint64_t now_us) {
   busy_ = false;
 }
 
-void RegistryEditor::Begin(Command& command) {
+bool RegistryEditor::Begin(Command& command) {
   command.file_open = true;
   command.due_us += std::uint64_t{duration_ms_} * 1000;
-  if (!command.exports) return;
+  if (!command.exports) return true;
+  const std::size_t items = CountForExport(HostedPc::Current().registry(), command.key);
+  if (items == 0) return false;
   WriteWholeFile(command.file, "");
-  command.due_us += kItemUs * CountForExport(HostedPc::Current().registry(), command.key);
+  command.due_us += kItemUs * items;
+  return true;
 }
 
 void RegistryEditor::End(const Command& command) {

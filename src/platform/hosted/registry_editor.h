@@ -21,9 +21,9 @@ class RegistryEditor {
   bool Start(std::string_view command_line);
 
   // Does what is due by now. The platform calls make this; a cheap test when nothing is running. An
-  // export makes its file empty when it has started up, and fills it when it ends with what the
-  // registry holds then: nothing, if the key is gone. An import reads its file when it ends; a file
-  // that is gone by then is lost.
+  // export of a missing key leaves its file alone; any other makes its file empty when it has
+  // started up, and fills it when it ends with what the registry holds then: nothing, if the key is
+  // gone by then. An import reads its file when it ends; a file that is gone by then is lost.
   void CatchUp() {
     if (!commands_.empty() && !busy_) RunDue();
   }
@@ -46,7 +46,8 @@ class RegistryEditor {
     bool file_open = false;
   };
 
-  void Begin(Command& command);
+  // False when there is nothing to do.
+  bool Begin(Command& command);
   void End(const Command& command);
   void RunDue();
   void RunUntil(std::uint64_t now_us);

@@ -22,7 +22,9 @@ struct SingleInstance::Lock {
 SingleInstance::SingleInstance() : lock_(std::make_unique<Lock>()) {
   SetLastError(ERROR_SUCCESS);
   lock_->mutex.Reset(CreateMutexA(nullptr, FALSE, "Local\\Tidemark.SingleInstance"));
-  lock_->taken = GetLastError() != ERROR_ALREADY_EXISTS;
+  // A mutex that an elevated copy holds can't even be opened.
+  const DWORD status = GetLastError();
+  lock_->taken = status != ERROR_ALREADY_EXISTS && status != ERROR_ACCESS_DENIED;
 }
 
 SingleInstance::~SingleInstance() = default;

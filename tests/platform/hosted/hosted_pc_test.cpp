@@ -8,6 +8,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/hosted/folder_lock.h"
 #include "platform/hosted/pc_settings.h"
 #include "platform/single_instance.h"
 #include "platform/unique_handle.h"
@@ -150,13 +151,23 @@ TEST_F(HostedPcTest, ARegistryThatCantBeSavedStaysAsItWas) {
 }
 
 TEST_F(HostedPcTest, OnlyOneProgramRunsOnAPc) {
-  HostedPc pc(root_);
+  const auto change = [] {
+    HKEY key = nullptr;
+    EXPECT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, "Software\\Made", &key), ERROR_SUCCESS);
+  };
+  const auto registry = root_ / "registry.reg";
   {
-    const SingleInstance first;
-    EXPECT_FALSE(first.AnotherIsRunning());
+    const FolderLock another(root_);
+    HostedPc pc(root_);
     EXPECT_TRUE(SingleInstance().AnotherIsRunning());
+    const auto size = std::filesystem::file_size(registry);
+    change();
+    pc.ShutDown();
+    EXPECT_EQ(std::filesystem::file_size(registry), size) << "the other's registry is left alone";
   }
+  HostedPc pc(root_);
   EXPECT_FALSE(SingleInstance().AnotherIsRunning());
+  EXPECT_FALSE(FolderLock(root_).taken());
 }
 
 }  // namespace
