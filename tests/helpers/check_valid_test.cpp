@@ -43,6 +43,8 @@ TEST(CheckValid, JudgesCommandLinesByTheProgramThatTheyStart) {
       {base + "\\App.v2\\tool.exe -x", false},  // the folder's dot ends the cut too early
       {base + "\\lib\\codec.dll", true},
       {base + "\\lib\\gone.dll", false},
+      {"@" + base + "\\lib\\codec.dll,-101", true},
+      {"\"" + base + "\\Größe Чайка\\app.exe\"", true},
       // No extension to cut at, so each sign has to be cut at by itself.
       {base + "\\lib\\plain,-3", true},
       {base + "\\lib\\plain /x", true},
