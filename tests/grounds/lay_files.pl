@@ -1,6 +1,7 @@
 # Lays a hosted PC's drive over a Wine prefix's: perl lay_files.pl FROM TO
 #
-# Names are matched ignoring case. What is there stays: Wine's own programs and libraries have to work.
+# Names are matched ignoring case. What is there stays: Wine's own programs and libraries have to
+# work.
 use strict;
 use warnings;
 
