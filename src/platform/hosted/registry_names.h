@@ -11,6 +11,10 @@
 
 namespace tidemark::hosted {
 
+// In 16-bit code units.
+inline constexpr std::size_t kLongestKeyName = 256;
+inline constexpr std::size_t kLongestValueName = 16383;
+
 // Negative, 0, positive, in the order of the capitals' 16-bit code units.
 int CompareNames(std::string_view left, std::string_view right);
 bool SameName(std::string_view left, std::string_view right);

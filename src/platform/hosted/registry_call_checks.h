@@ -1,0 +1,61 @@
+// What the platform's registry calls share: the registry of the PC that is switched on, the texts
+// that come in, and the checks of handles, paths and rights before a call does its work.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/hosted/registry_names.h"
+#include "platform/hosted/registry_store.h"
+#include "platform/winapi.h"
+
+namespace tidemark::hosted {
+
+// After what the registry editor was told to do has been done.
+RegistryStore& CurrentRegistry();
+
+inline std::string_view TextOrEmpty(LPCSTR text) {
+  return text == nullptr ? std::string_view() : text;
+}
+
+inline bool IsTextType(DWORD type) {
+  return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
+}
+
+inline bool LongerThan(std::string_view text, std::size_t units) {
+  return text.size() > units && Utf16Length(text) > units;
+}
+
+// Whether the path has no parts.
+inline bool NamesNoKey(std::string_view path) {
+  return path.find_first_not_of('\\') == std::string_view::npos;
+}
+
+// Text that comes in; most is ASCII and need not be copied.
+class IncomingText {
+ public:
+  explicit IncomingText(std::string_view text) : text_(text) {
+    if (!IsAscii(text)) text_ = mended_ = MendText(text);
+  }
+  IncomingText(const IncomingText&) = delete;
+  IncomingText& operator=(const IncomingText&) = delete;
+  std::string_view text() const { return text_; }
+
+ private:
+  std::string mended_;
+  std::string_view text_;
+};
+
+struct OpenKey {
+  RegistryView view;
+  REGSAM access = 0;
+};
+
+// ERROR_ACCESS_DENIED when the handle lacks one of the needed rights.
+LONG Resolve(RegistryStore& store, HKEY key, REGSAM needed, OpenKey* open);
+
+// Of a call that takes a path below the key: checks the path too.
+LONG ResolveForOpen(RegistryStore& store, HKEY key, std::string_view path, OpenKey* open);
+
+}  // namespace tidemark::hosted

@@ -1,0 +1,81 @@
+// The platform's registry calls that delete keys: an empty one, or one with all below it.
+#include <string>
+#include <string_view>
+
+#include "platform/hosted/registry_call_checks.h"
+#include "platform/hosted/registry_store.h"
+#include "platform/winapi.h"
+
+using tidemark::hosted::CurrentRegistry;
+using tidemark::hosted::IncomingText;
+using tidemark::hosted::NamesNoKey;
+using tidemark::hosted::OpenKey;
+using tidemark::hosted::RegistryKey;
+using tidemark::hosted::RegistryStore;
+using tidemark::hosted::RegistryView;
+using tidemark::hosted::ResolveForOpen;
+using tidemark::hosted::TextOrEmpty;
+
+namespace {
+
+constexpr REGSAM kDelete = 0x10000;  // DELETE of winnt.h
+
+LONG DeleteEmptyKey(RegistryStore& store, RegistryKey& key) {
+  if (key.key_count() > 0 || store.IsFixed(key)) return ERROR_ACCESS_DENIED;
+  if ((store.Denied(key) & (kDelete | KEY_SET_VALUE)) != 0) return ERROR_ACCESS_DENIED;
+  store.DeleteKey(key);
+  return ERROR_SUCCESS;
+}
+
+// What lies below the key and then the key, as far as it goes. In the merged view each name is
+// deleted once: of a key that is there twice the machine's stays.
+LONG DeleteTree(RegistryStore& store, const RegistryView& view);
+
+void DeleteSubKeys(RegistryStore& store, const RegistryView& view) {
+  for (std::size_t left = store.KeyCount(view); left > 0; --left) {
+    const std::string name = store.KeyAt(view, left - 1).name();
+    // What can't be deleted keeps its parent, and that is what the caller is told.
+    static_cast<void>(DeleteTree(store, store.Open(view, name)));
+  }
+}
+
+LONG DeleteTree(RegistryStore& store, const RegistryView& view) {
+  if ((store.Denied(view) & KEY_ENUMERATE_SUB_KEYS) == 0) DeleteSubKeys(store, view);
+  return DeleteEmptyKey(store, *view.target());
+}
+
+LONG DeleteContents(RegistryStore& store, const RegistryView& view) {
+  DeleteSubKeys(store, view);
+  RegistryKey* key = view.target();
+  if (key == nullptr) return ERROR_SUCCESS;
+  if ((store.Denied(*key) & KEY_SET_VALUE) != 0) return ERROR_ACCESS_DENIED;
+  while (key->value_count() > 0) store.DeleteValue(*key, std::string(key->value(0).name()));
+  return ERROR_SUCCESS;
+}
+
+}  // namespace
+
+LSTATUS RegDeleteKeyA(HKEY key, LPCSTR sub_key) {
+  if (sub_key == nullptr) return ERROR_INVALID_PARAMETER;
+  RegistryStore& store = CurrentRegistry();
+  const IncomingText path(sub_key);
+  OpenKey from;
+  const LONG status = ResolveForOpen(store, key, path.text(), &from);
+  if (status != ERROR_SUCCESS) return status;
+  const RegistryView view = store.Open(from.view, path.text());
+  return view.exists() ? DeleteEmptyKey(store, *view.target()) : ERROR_FILE_NOT_FOUND;
+}
+
+LSTATUS SHDeleteKeyA(HKEY key, LPCSTR sub_key) {
+  RegistryStore& store = CurrentRegistry();
+  const IncomingText path(TextOrEmpty(sub_key));
+  OpenKey from;
+  const LONG status = ResolveForOpen(store, key, path.text(), &from);
+  if (status != ERROR_SUCCESS) {
+    // This call alone takes a path that is too long for one that is not there.
+    return status == ERROR_MORE_DATA ? ERROR_FILE_NOT_FOUND : status;
+  }
+  if (NamesNoKey(path.text())) return DeleteContents(store, from.view);
+  const RegistryView view = store.Open(from.view, path.text());
+  return view.exists() ? DeleteTree(store, view) : ERROR_FILE_NOT_FOUND;
+}
