@@ -31,7 +31,7 @@ struct FilledWindow {
 // The cost of adding findings to a list that holds so many already.
 void BM_AddFindings(benchmark::State& state) {
   constexpr int kBatch = 1000;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     auto filled = std::make_unique<FilledWindow>(static_cast<int>(state.range(0)));
     state.ResumeTiming();
@@ -49,7 +49,7 @@ void BM_ClickInFound(benchmark::State& state) {
   FilledWindow filled(static_cast<int>(state.range(0)));
   filled.window.lvFound.Add("CLSID", "ClassIDs");
   filled.window.lvFound.Select(filled.window.lvFound.Item(1));
-  for (auto _ : state) lvFound_Click(filled.window);
+  for ([[maybe_unused]] auto _ : state) lvFound_Click(filled.window);
 }
 BENCHMARK(BM_ClickInFound)->Arg(100'000)->Unit(benchmark::kMillisecond);
 

@@ -34,7 +34,7 @@ void CountBytes(benchmark::State& state) {
 }
 
 void BM_ReadFile(benchmark::State& state) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     std::ifstream file(RegistryFile(), std::ios::binary);
     std::string bytes(std::filesystem::file_size(RegistryFile()), '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -47,7 +47,7 @@ BENCHMARK(BM_ReadFile)->Unit(benchmark::kMillisecond);
 void BM_LoadRegistry(benchmark::State& state) {
   const auto file = RegistryFile();
   double memory = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const auto before = mallinfo2();
     auto store = std::make_unique<hosted::RegistryStore>(kUserSid);
     store->Load(file);

@@ -68,7 +68,7 @@ void CountPerKey(benchmark::State& state) {
 
 void BM_BareWalk(benchmark::State& state) {
   PcOfSize(static_cast<int>(state.range(0)));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     BareWalk walk;
     walk.Walk("CLSID");
     benchmark::DoNotOptimize(walk.files);
@@ -85,7 +85,7 @@ void BM_FullScan(benchmark::State& state) {
   BindHandlers(window);
   SetInitValues(window);
   LoadReasons(window);
-  for (auto _ : state) cmdScan_Click(window);
+  for ([[maybe_unused]] auto _ : state) cmdScan_Click(window);
   state.counters["findings"] = window.ProblemCount;
   CountPerKey(state);
 }

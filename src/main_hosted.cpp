@@ -1,6 +1,7 @@
 // The native program: Tidemark on a hosted PC, in the terminal.
 #include <iostream>
 
+#include "desktop/program_folder.h"
 #include "desktop/terminal/terminal_front_end.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
@@ -19,6 +20,7 @@ int RunOn(tidemark::hosted::HostedPc& pc) {
   application.folder = pc.settings().program_folder;
   application.previous_instance = instance.AnotherIsRunning();
 
+  tidemark::MakeProgramFolder(application.folder);
   const auto console = tidemark::OpenConsole();
   tidemark::TerminalFrontEnd front_end(*console);
   tidemark::frmMain window(front_end, application);
@@ -37,6 +39,10 @@ int main(int argc, char** argv) {
   try {
     tidemark::hosted::HostedPc pc(argv[1]);
     const int status = RunOn(pc);
+    if (!pc.IsSoleUser()) {
+      std::cerr << "tidemark: " << argv[1] << ": another Tidemark is working on it\n";
+      return kBadFolder;
+    }
     pc.ShutDown();
     return status;
   } catch (const tidemark::hosted::HostedPcError& error) {

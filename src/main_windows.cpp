@@ -2,6 +2,7 @@
 #include <array>
 #include <string>
 
+#include "desktop/program_folder.h"
 #include "desktop/terminal/terminal_front_end.h"
 #include "platform/single_instance.h"
 #include "platform/winapi.h"
@@ -27,6 +28,7 @@ int main() {
   application.folder = ProgramFolder();
   application.previous_instance = instance.AnotherIsRunning();
 
+  tidemark::MakeProgramFolder(application.folder);
   const auto console = tidemark::OpenConsole();
   tidemark::TerminalFrontEnd front_end(*console);
   tidemark::frmMain window(front_end, application);

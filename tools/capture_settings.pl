@@ -79,6 +79,7 @@ my $version = of_machine('Software\Microsoft\Windows\CurrentVersion');
 my $profile = of_machine("Software\\Microsoft\\Windows NT\\CurrentVersion\\ProfileList\\$sid");
 my $root    = value($nt, 'SystemRoot', 'C:\windows');
 my $home    = value($profile, 'ProfileImagePath', '%SystemDrive%\users\%USERNAME%');
+$root = 'C:\windows' if $root !~ /^[A-Za-z]:\\/;
 my %environment;
 
 sub set {

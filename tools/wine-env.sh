@@ -5,7 +5,7 @@
 
 wine_root=${wine_root:-$root/wine}
 wine_display=${DISPLAY-}
-export XAUTHORITY=${XAUTHORITY:-$HOME/.Xauthority}
+export XAUTHORITY=${XAUTHORITY:-${HOME-}/.Xauthority}
 if command -v ccache >/dev/null; then
   CCACHE_DIR=${CCACHE_DIR:-$(ccache -k cache_dir)}
   export CCACHE_DIR
@@ -25,9 +25,10 @@ if [[ ! -e $wine_root/ready ]]; then
   wineserver -k || true
   wineserver -w
   rm "$WINEPREFIX/dosdevices/z:"
-  ln -sfn "$root" "$WINEPREFIX/dosdevices/t:"
   touch "$wine_root/ready"
 fi
+
+ln -sfn "$root" "$WINEPREFIX/dosdevices/t:"
 
 # The first window fixes whether windows are real (a display) or only in memory (none).
 if [[ $(cat "$wine_root/display" 2>/dev/null) != "$wine_display" ]]; then

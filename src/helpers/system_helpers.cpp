@@ -30,7 +30,7 @@ std::string ExpandEnvString(const std::string& text) {
 }
 
 std::string GetSpecialFolderPath(int folder) {
-  std::string path(MAX_PATH * 3, '\0');  // 260 characters of up to 3 bytes
+  std::string path(std::size_t{MAX_PATH} * 3, '\0');  // 260 characters of up to 3 bytes
   if (SHGetFolderPathA(nullptr, folder | CSIDL_FLAG_CREATE, nullptr, 0, path.data()) != S_OK)
     return {};
   return StripNull(path);

@@ -36,6 +36,13 @@ char32_t NextCharacter(std::string_view text, std::size_t& position) {
   return character;
 }
 
+std::string_view Abbreviation(std::string_view name) {
+  constexpr int kLetters = 3;
+  std::size_t end = 0;
+  for (int letter = 0; letter < kLetters && end < name.size(); ++letter) NextCharacter(name, end);
+  return name.substr(0, end);
+}
+
 void AppendUtf8(std::string& text, char32_t character) {
   if (character > 0x10FFFF || IsSurrogate(character)) character = kReplacement;
   const auto tail = [&text, character](unsigned shift) {

@@ -14,6 +14,9 @@ constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 // well-formed character stands it moves by one byte and gives kNoCharacter.
 char32_t NextCharacter(std::string_view text, std::size_t& position);
 
+// The short form of a day's or a month's name: its first three characters.
+std::string_view Abbreviation(std::string_view name);
+
 // A surrogate and a number beyond U+10FFFF become U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
 

@@ -10,6 +10,7 @@
 #include "platform/letter_case.h"
 #include "registry/mdlRegistry.h"
 #include "repair/undo_file.h"
+#include "window/finding_columns.h"
 
 namespace tidemark {
 namespace {
@@ -27,10 +28,10 @@ struct RepairJob {
   const std::string& undo_file;
 };
 
-// In the findings' columns.
 Finding FindingOf(const ListItem& row) {
-  return {row.Caption().String(), row.SubItem(1).String(), row.SubItem(2).String(),
-          RoundToLong(LeadingNumber(row.SubItem(4).View())).value_or(0)};
+  return {row.Caption().String(), row.SubItem(kValueName).String(),
+          row.SubItem(kValueData).String(),
+          RoundToLong(LeadingNumber(row.SubItem(kValueType).View())).value_or(0)};
 }
 
 // A sub-key of backslashes alone would be the root itself, which SplitSubKey, that knows an empty
@@ -115,7 +116,7 @@ constexpr std::array<CategoryRepair, 12> kRepairs = {{
 
 bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file) {
   for (const CategoryRepair& category : kRepairs) {
-    if (!(finding.SubItem(6) == category.code)) continue;
+    if (!(finding.SubItem(kTestCode) == category.code)) continue;
     category.repair({window, undo_file}, FindingOf(finding));
     return true;
   }

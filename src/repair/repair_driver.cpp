@@ -9,6 +9,7 @@
 #include "registry/mdlRegistry.h"
 #include "repair/category_repairs.h"
 #include "repair/repair.h"
+#include "window/finding_columns.h"
 #include "window/panels.h"
 
 namespace tidemark {
@@ -26,12 +27,12 @@ std::string UndoFilePath(const std::string& program_folder) {
 
 // A flag that is no number can't be tested, and the row then counts as selected.
 bool IsSelected(const ListItem& finding) {
-  return NumberOf(finding.SubItem(5).View()).value_or(1) == 1;
+  return NumberOf(finding.SubItem(kSelected).View()).value_or(1) == 1;
 }
 
 void RepairRow(frmMain& window, const ListItem& finding, const std::string& undo_file) {
   if (!IsSelected(finding) || !RepairFinding(window, finding, undo_file)) return;
-  if (const DiagnosticTest* test = FindDiagnosticTest(finding.SubItem(6).View())) {
+  if (const DiagnosticTest* test = FindDiagnosticTest(finding.SubItem(kTestCode).View())) {
     --window.SeverityCounts[static_cast<std::size_t>(test->severity)];
   }
 }

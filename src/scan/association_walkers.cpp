@@ -7,7 +7,7 @@
 
 namespace tidemark {
 
-void ScanAssocRoot(frmMain& window, HKEY hive, std::string key) {
+void ScanAssocRoot(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested || IsInClassTree(key)) return;
   const WalkedKey walked(hive, key);
   window.pbarScan.SetMax(static_cast<int>(walked.sub_keys));
@@ -29,7 +29,7 @@ void ScanAssocRoot(frmMain& window, HKEY hive, std::string key) {
   }
 }
 
-void ScanAssocKey(frmMain& window, HKEY hive, std::string key) {
+void ScanAssocKey(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested || IsInClassTree(key)) return;
   WalkedKey walked(hive, key);
   // A file type that is missing counts as empty.

@@ -98,7 +98,7 @@ std::optional<std::string> Judge(const frmMain& window, const WalkedValue& value
 
 }  // namespace
 
-void ScanClassRoot(frmMain& window, HKEY hive, std::string key) {
+void ScanClassRoot(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested) return;
   const WalkedKey walked(hive, key);
   window.pbarScan.SetValue(0);
@@ -112,7 +112,7 @@ void ScanClassRoot(frmMain& window, HKEY hive, std::string key) {
   }
 }
 
-void ScanClassKey(frmMain& window, HKEY hive, std::string key) {
+void ScanClassKey(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested) return;
   UpdStatus(window, key, "");
   const WalkedKey walked(hive, key);

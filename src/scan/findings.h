@@ -1,28 +1,15 @@
 // The findings: every finding of a scan is one row of lvInvalidLoc, and that row is the record that
 // the repair reads; lvFound and lvProblems are derived from it for the results page.
-//
-// A row: key "K" and its number; text: the full key; sub-items: 1 value name, 2 value data, 3
-// reason, 4 registry type as decimal text, 5 "1" when selected for repair, else "0", 6 the test's
-// code.
 #pragma once
 
 #include <string>
 #include <string_view>
 
 #include "platform/winapi.h"
+#include "window/finding_columns.h"
 #include "window/frmMain.h"
 
 namespace tidemark {
-
-// Columns of lvInvalidLoc behind the text.
-enum FindingColumn : int {
-  kValueName = 1,
-  kValueData = 2,
-  kReason = 3,
-  kValueType = 4,
-  kSelected = 5,
-  kTestCode = 6,
-};
 
 // Indexes into frmMain::Reasons; what lies between and behind is raised by nothing.
 enum ReasonIndex : std::size_t {

@@ -10,7 +10,7 @@
 
 namespace tidemark {
 
-void ScanPathKey(frmMain& window, HKEY hive, std::string key) {
+void ScanPathKey(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested) return;
   const WalkedKey walked(hive, key);
   RaiseMaximum(window, walked.sub_keys + walked.values);
@@ -35,7 +35,7 @@ void ScanPathKey(frmMain& window, HKEY hive, std::string key) {
   }
 }
 
-void ScanUninstallKey(frmMain& window, HKEY hive, std::string key) {
+void ScanUninstallKey(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested) return;
   const WalkedKey walked(hive, key);
   RaiseMaximum(window, walked.sub_keys);
@@ -55,7 +55,7 @@ void ScanUninstallKey(frmMain& window, HKEY hive, std::string key) {
   }
 }
 
-void ScanSharedDllKey(frmMain& window, HKEY hive, std::string key) {
+void ScanSharedDllKey(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested) return;
   WalkedKey walked(hive, key);
   RaiseMaximum(window, walked.sub_keys + walked.values);
@@ -79,7 +79,7 @@ void ScanSharedDllKey(frmMain& window, HKEY hive, std::string key) {
   walked.handle.Release();  // a walk that was not stopped leaves the key open, on purpose
 }
 
-void ScanFontKey(frmMain& window, HKEY hive, std::string key) {
+void ScanFontKey(frmMain& window, HKEY hive, const std::string& key) {
   if (window.StopRequested) return;
   window.front_end.DoEvents();
   if (IsInClassTree(key)) return;

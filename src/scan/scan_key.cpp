@@ -8,7 +8,7 @@ namespace {
 
 struct Walk {
   std::string_view code;
-  void (*walker)(frmMain& window, HKEY hive, std::string key);
+  void (*walker)(frmMain& window, HKEY hive, const std::string& key);
   HKEY hive;
   const char* key;
 };

@@ -15,24 +15,24 @@
 namespace tidemark {
 
 // A value in any depth whose data holds a path on a drive must exist.
-void ScanPathKey(frmMain& window, HKEY hive, std::string key);
+void ScanPathKey(frmMain& window, HKEY hive, const std::string& key);
 
 // One level: the path in "UnInstallString" of each sub-key must exist.
-void ScanUninstallKey(frmMain& window, HKEY hive, std::string key);
+void ScanUninstallKey(frmMain& window, HKEY hive, const std::string& key);
 
 // One level: each sub-key is a class, an interface or a type library, and ScanClassKey judges it.
-void ScanClassRoot(frmMain& window, HKEY hive, std::string key);
-void ScanClassKey(frmMain& window, HKEY hive, std::string key);
+void ScanClassRoot(frmMain& window, HKEY hive, const std::string& key);
+void ScanClassKey(frmMain& window, HKEY hive, const std::string& key);
 
 // Value names are the paths of shared files.
-void ScanSharedDllKey(frmMain& window, HKEY hive, std::string key);
+void ScanSharedDllKey(frmMain& window, HKEY hive, const std::string& key);
 
 // Value data are names in the fonts folder.
-void ScanFontKey(frmMain& window, HKEY hive, std::string key);
+void ScanFontKey(frmMain& window, HKEY hive, const std::string& key);
 
 // Each extension and the file type that it names. A file type that is missing or empty is a
 // finding.
-void ScanAssocRoot(frmMain& window, HKEY hive, std::string key);
-void ScanAssocKey(frmMain& window, HKEY hive, std::string key);
+void ScanAssocRoot(frmMain& window, HKEY hive, const std::string& key);
+void ScanAssocKey(frmMain& window, HKEY hive, const std::string& key);
 
 }  // namespace tidemark

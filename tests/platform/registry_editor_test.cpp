@@ -56,7 +56,7 @@ class Editor : public testing::Test {
   UniqueKey home;
 };
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 TEST_F(Editor, ExportsAKeyAndWhatLiesBelow) {
   const char text[] = "C:\\a \"b\"";

@@ -66,7 +66,7 @@ class RegistryCalls : public testing::Test {
   UniqueKey home;
 };
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 TEST_F(RegistryCalls, SubKeysComeSortedWhateverTheirCase) {
   for (const char* name : {"beta", "Alpha", "gamma", "ALPHABET", "Beta2", "1", "{x}"}) {

@@ -192,7 +192,7 @@ TEST(Walkers, StopAtTheNextItem) {
 
 TEST(Walkers, MoveTheBarByTheirOwnRules) {
   struct Case {
-    void (*walker)(frmMain&, HKEY, std::string);
+    void (*walker)(frmMain&, HKEY, const std::string&);
     int max;
     int value;
   };

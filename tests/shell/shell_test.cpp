@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "helpers/settings_key.h"
+#include "helpers/system_helpers.h"
 #include "platform/locale_texts.h"
 #include "registry/mdlRegistry.h"
 #include "shell/dialogs.h"
@@ -142,6 +143,27 @@ TEST(Shell, TabsShowOnePanelAndTheFourthIsNone) {
       << "a missing picture leaves the old one";
   imgtoolbar_Click(on.window, 1);
   EXPECT_FALSE(on.window.picAdvOptions(0).Visible());
+}
+
+TEST(Shell, OpensItsWebPagesAndPropertiesAsToldForEach) {
+  ShellPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "only a hosted PC remembers what was opened";
+  const std::string site = "https://www.tidemark.example";
+  const std::string folder = on.pc.program_folder();
+  on.window.lblOptions(3).Click();
+  for (const int index : {0, 1, 2, 3, 4, 5}) imgtoolbar_Click(on.window, index);
+  on.window.cmdTellaFriend.Click();
+  on.window.about->cmdSupport.Click();
+  ShowFileProperties("");
+  on.pc.MakeFile(folder + "\\x.txt");
+  ShowFileProperties(folder + "\\x.txt");
+  EXPECT_EQ(on.pc.OpenedByShell(),
+            (std::vector<std::string>{"open|" + site + "/tellafriend.php|1|1|3",
+                                      "Open|" + site + "/tellafriend.php||" + folder + "|1",
+                                      "Open|" + site + "/support.php||" + folder + "|1",
+                                      "Open|" + site + "/tellafriend.php||" + folder + "|1",
+                                      "open|" + site + "/support.php|1|1|3",
+                                      "properties|" + folder + "\\x.txt|||5"}));
 }
 
 TEST(Shell, AHiddenStartIsMinimizedAndAllHooksAreCalled) {

@@ -74,6 +74,8 @@ class TestPc {
   void FillDisk(std::optional<unsigned> bytes_left = 0);
   void FailNextWrite();
   // What the registry editor takes from its start to its end.
+  // What the shell was asked to open, "verb|file|parameters|folder|show mode".
+  std::vector<std::string> OpenedByShell();
   void SlowEditor(unsigned milliseconds);
 
  private:

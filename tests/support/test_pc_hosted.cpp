@@ -90,6 +90,14 @@ void TestPc::AllowAll() {
 void TestPc::FillDisk(std::optional<unsigned> bytes_left) {
   ground_->pc.files().FillDisk(bytes_left);
 }
+std::vector<std::string> TestPc::OpenedByShell() {
+  std::vector<std::string> opened;
+  for (const hosted::ShellRequest& request : hosted::OpenedByShell()) {
+    opened.push_back(request.verb + '|' + request.file + '|' + request.parameters + '|' +
+                     request.folder + '|' + std::to_string(request.show));
+  }
+  return opened;
+}
 void TestPc::FailNextWrite() { ground_->pc.files().FailNextWrite(); }
 void TestPc::SlowEditor(unsigned milliseconds) { ground_->pc.editor().SetDuration(milliseconds); }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <stdexcept>
 #include <utility>
 
 #include "platform/unique_handle.h"
@@ -56,11 +57,14 @@ struct TestPc::Ground {
       HKEY made = nullptr;
       const LSTATUS status =
           RegCreateKeyA(HKEY_CURRENT_USER, (key + '\\' + kRootNames[i]).c_str(), &made);
-      ASSERT_EQ(status, ERROR_SUCCESS);
+      if (status != ERROR_SUCCESS) throw std::runtime_error("no scratch key");
       scratch[i] = UniqueKey(made);
     }
     for (std::size_t i = 0; i < scratch.size(); ++i) {
-      ASSERT_EQ(RegOverridePredefKey(kRoots[i], scratch[i].Get()), ERROR_SUCCESS);
+      // No test may go on with the real registry.
+      if (RegOverridePredefKey(kRoots[i], scratch[i].Get()) != ERROR_SUCCESS) {
+        throw std::runtime_error("the registry can't be redirected");
+      }
     }
     redirected = true;
   }
@@ -105,5 +109,6 @@ void TestPc::AllowAll() {}
 void TestPc::FillDisk(std::optional<unsigned>) {}
 void TestPc::FailNextWrite() {}
 void TestPc::SlowEditor(unsigned) {}
+std::vector<std::string> TestPc::OpenedByShell() { return {}; }
 
 }  // namespace tidemark

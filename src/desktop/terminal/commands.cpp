@@ -182,7 +182,7 @@ CommandResult Open(Arguments arguments, const Context& context) {
 
 CommandResult Press(Arguments arguments, const Context& context) {
   ListView& list = AsList(Reachable(arguments.Next(), context));
-  if (!IsSameWord(arguments.Next(), "column")) Refuse("press LIST column N");
+  if (!IsSameWord(arguments.Next(), "column")) Refuse("usage: press LIST column N");
   const std::optional<int> column = Number(arguments.Rest());
   if (!column || *column < 1 || *column > static_cast<int>(list.columns.size())) {
     Refuse(list.Name() + " has columns 1 to " + std::to_string(list.columns.size()));
@@ -206,7 +206,7 @@ CommandResult Scroll(Arguments arguments, const Context& context) {
   } else if (const std::optional<int> row = Number(where)) {
     scroll.ScrollTo(list, *row);
   } else {
-    Refuse("page LIST next, back, first, last or a row number");
+    Refuse("usage: page LIST next, back, first, last or a row number");
   }
   return {};
 }
@@ -237,7 +237,8 @@ CommandResult Show(Arguments arguments, const Context& context) {
     const std::string_view count = arguments.Next();
     const std::optional<int> first_row = from.empty() ? 1 : Number(from);
     const std::optional<int> rows = count.empty() ? std::numeric_limits<int>::max() : Number(count);
-    if (!first_row || *first_row < 1 || !rows || *rows < 0) Refuse("show LIST [FROM [COUNT]]");
+    if (!first_row || *first_row < 1 || !rows || *rows < 0)
+      Refuse("usage: show LIST [FROM [COUNT]]");
     return {.next = Next::kOutput,
             .output = ListText(*list, *first_row, *rows, context.list_separator)};
   }

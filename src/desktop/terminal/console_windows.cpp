@@ -107,6 +107,7 @@ class WindowsConsole : public Console {
   void ReadMore() {
     std::array<char, 4096> buffer;
     DWORD count = 0;
+    SetLastError(ERROR_SUCCESS);
     const BOOL done = ReadFile(input_, buffer.data(), buffer.size(), &count, nullptr);
     pending_.append(buffer.data(), count);
     // Ctrl+C ends the read with nothing; its handler runs on a thread of its own and may come

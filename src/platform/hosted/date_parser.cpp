@@ -7,6 +7,7 @@
 
 #include "platform/hosted/pc_settings.h"
 #include "platform/letter_case.h"
+#include "platform/unicode.h"
 
 namespace tidemark::hosted {
 namespace {
@@ -26,7 +27,8 @@ struct Number {
 unsigned NameIndex(std::span<const std::string> names, std::string_view word) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     const std::string_view name = names[i];
-    if (CompareIgnoringCase(name, word) == 0 || CompareIgnoringCase(name.substr(0, 3), word) == 0) {
+    if (CompareIgnoringCase(name, word) == 0 ||
+        CompareIgnoringCase(Abbreviation(name), word) == 0) {
       return static_cast<unsigned>(i) + 1;
     }
   }

@@ -297,8 +297,14 @@ LONG FileStore::WriteWhole(std::string_view path, std::string_view bytes) {
           Open(path, {GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS, 0}, file, existed)) {
     return status;
   }
-  DWORD written = 0;
-  const LONG status = Write(file, bytes.data(), static_cast<DWORD>(bytes.size()), written);
+  constexpr std::size_t kMost = std::size_t{1} << 30U;  // one call writes at most a DWORD of bytes
+  LONG status = ERROR_SUCCESS;
+  while (status == ERROR_SUCCESS && !bytes.empty()) {
+    DWORD written = 0;
+    status = Write(file, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kMost)), written);
+    bytes.remove_prefix(written);
+    if (written == 0 && status == ERROR_SUCCESS) status = ERROR_DISK_FULL;
+  }
   Close(file);
   return status;
 }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <unordered_map>
 
+#include "platform/hosted/hosted_pc.h"
 #include "platform/letter_case.h"
 
 namespace tidemark::hosted {
@@ -68,10 +69,17 @@ struct FolderCache::Folder {
 FolderCache::FolderCache(const std::filesystem::path& pc_folder)
     : root_(open(pc_folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
       drives_(std::make_unique<Folder>()) {
+  if (!root_) throw HostedPcError(pc_folder.string() + ": can't be opened");
   drives_->host_path = "drives";
 }
 
 FolderCache::~FolderCache() = default;
+
+// A folder that is there but can't be read is not missing: what lies in it is not known to be gone.
+LONG StatusOf(int host_error) {
+  const bool missing = host_error == ENOENT || host_error == ENOTDIR || host_error == ELOOP;
+  return missing ? ERROR_PATH_NOT_FOUND : ERROR_ACCESS_DENIED;
+}
 
 // Makes the listing what the host's folder holds now; what was known of folders that are still
 // there stays known.
@@ -81,12 +89,13 @@ LONG FolderCache::Refresh(Folder& folder) {
   const int descriptor =
       openat(Root(), folder.host_path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
   const std::unique_ptr<DIR, CloseFolder> stream(descriptor < 0 ? nullptr : fdopendir(descriptor));
-  if (!stream) return errno == EACCES ? ERROR_ACCESS_DENIED : ERROR_PATH_NOT_FOUND;
+  if (!stream) return StatusOf(errno);
   struct stat status {};
-  if (fstat(descriptor, &status) != 0) return ERROR_PATH_NOT_FOUND;
+  if (fstat(descriptor, &status) != 0) return StatusOf(errno);
   auto former = std::exchange(folder.entries, {});
   folder.listed = true;
   folder.changed = IsYoung(status.st_mtim) ? timespec{} : status.st_mtim;
+  errno = 0;
   while (const dirent* const found = readdir(stream.get())) {
     if (IsForeign(*found)) continue;
     const auto [place, is_new] =
@@ -99,6 +108,11 @@ LONG FolderCache::Refresh(Folder& folder) {
         known != former.end() && known->second.name == entry.name && entry.is_folder) {
       entry.folder = std::move(known->second.folder);
     }
+    errno = 0;
+  }
+  if (errno != 0) {
+    folder.listed = false;
+    return StatusOf(errno);
   }
   return ERROR_SUCCESS;
 }
@@ -151,6 +165,7 @@ LONG FolderCache::Find(std::string_view upper, bool careful, Place& place) {
           (S_ISREG(place.status.st_mode) || S_ISDIR(place.status.st_mode))) {
         return status;
       }
+      if (errno == EACCES) return ERROR_ACCESS_DENIED;
     } else if (check || (place.parent != nullptr && IsUnchanged(*place.parent))) {
       return status;
     }

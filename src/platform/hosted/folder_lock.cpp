@@ -12,11 +12,10 @@
 namespace tidemark::hosted {
 
 FolderLock::FolderLock(const std::filesystem::path& folder) {
-  const std::filesystem::path path = folder / "tidemark.lock";
-  file_ = HostFile(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666));
+  file_ = HostFile(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   taken_ = file_ && flock(file_.get(), LOCK_EX | LOCK_NB) == 0;
   if (!taken_ && errno != EWOULDBLOCK) {
-    throw HostedPcError(path.string() + ": can't be locked: " + std::strerror(errno));
+    throw HostedPcError(folder.string() + ": can't be locked: " + std::strerror(errno));
   }
 }
 

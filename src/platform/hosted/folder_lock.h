@@ -10,7 +10,8 @@ namespace tidemark::hosted {
 
 class FolderLock {
  public:
-  // Tries to lock "tidemark.lock" in the folder. Throws HostedPcError when the file can't be made.
+  // Tries to lock the folder itself; nothing is written. Throws HostedPcError when it can't be
+  // tried.
   explicit FolderLock(const std::filesystem::path& folder);
 
   // False when another process had the lock when this object was made.

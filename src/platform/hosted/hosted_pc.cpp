@@ -69,7 +69,9 @@ HostedPc::HostedPc(const std::filesystem::path& folder)
       registry_(std::make_unique<RegistryStore>(settings_->user_sid)),
       editor_(std::make_unique<RegistryEditor>()) {
   if (current_pc != nullptr) throw std::logic_error("another hosted PC is switched on");
-  if (fs::exists(folder_ / kRegistryFile)) registry_->Load(folder_ / kRegistryFile);
+  std::error_code ignored;
+  const fs::path registry = folder_ / kRegistryFile;
+  if (fs::exists(registry, ignored)) registry_->Load(registry);
   for (const std::string& key : settings_->denied_keys) registry_->DenyKey(key, KEY_ALL_ACCESS);
   editor_->SetDuration(settings_->editor_duration_ms);
   editor_->SetEightBit(!settings_->editor_writes_utf16);

@@ -17,7 +17,7 @@ namespace tidemark::hosted {
 class Clock;
 class FileStore;
 class FolderLock;
-class PcSettings;
+struct PcSettings;
 class RegistryEditor;
 class RegistryStore;
 

@@ -9,6 +9,7 @@
 #include "platform/hosted/date_parser.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
+#include "platform/unicode.h"
 
 namespace tidemark {
 namespace {
@@ -29,11 +30,11 @@ std::string Field(char letter, std::size_t count, const SYSTEMTIME& time,
   switch (letter) {
     case 'd':
       if (count <= 2) return Number(time.wDay, digits);
-      return count == 3 ? settings.day_names[time.wDayOfWeek % 7].substr(0, 3)
+      return count == 3 ? std::string(Abbreviation(settings.day_names[time.wDayOfWeek % 7]))
                         : settings.day_names[time.wDayOfWeek % 7];
     case 'M':
       if (count <= 2) return Number(time.wMonth, digits);
-      return count == 3 ? settings.month_names[(time.wMonth + 11U) % 12].substr(0, 3)
+      return count == 3 ? std::string(Abbreviation(settings.month_names[(time.wMonth + 11U) % 12]))
                         : settings.month_names[(time.wMonth + 11U) % 12];
     case 'y':
       return count <= 2 ? Number(time.wYear % 100U, digits) : Number(time.wYear, 4);

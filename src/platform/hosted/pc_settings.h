@@ -1,16 +1,19 @@
 // What pc.ini says about a hosted PC. The file is UTF-8 text in sections:
 //
-//   [environment]  NAME=value           one environment variable a line
-//   [folders]      desktop=C:\...       special folders; kFolderNames in pc_settings.cpp lists the
-//   keys [user]         sid=S-1-5-...  name= [locale]       short date=M/d/yyyy  time=h:mm:ss tt
-//   day names=Sunday,...  month names=January,...
+// clang-format off
+//   [environment]  NAME=value                  one environment variable a line
+//   [folders]      desktop=C:\...              special folders; kFolderNames lists the keys
+//   [user]         sid=S-1-5-...  name=
+//   [locale]       short date=M/d/yyyy  time=h:mm:ss tt
+//                  day names=Sunday,...  month names=January,...
 //                  code page=1252
-//   [drives]       C=fixed              fixed, removable, cdrom, network; "cdrom not ready"
-//   [program]      folder=C:\...        where the program stands, and its current folder
+//   [drives]       C=fixed                     fixed, removable, cdrom, network; "cdrom not ready"
+//   [program]      folder=C:\...               where the program stands, and its current folder
 //   [denied]       key=HKEY_...  file=C:\...   what answers "access denied"; may be repeated
-//   [editor]       duration=2           milliseconds that one registry editor command takes
-//                  format=utf-16        what it exports: utf-16 or 8-bit
-//   [attributes]   C:\...=RHSA          attributes that the folder's files can't carry themselves
+//   [editor]       duration=2                  milliseconds that one registry editor command takes
+//                  format=utf-16               what it exports: utf-16 or 8-bit
+//   [attributes]   C:\...=RHSA                 attributes that the folder's files can't carry
+// clang-format on
 //
 // Lines that begin with ; or # are comments. Keys and section names ignore case.
 #pragma once
@@ -55,7 +58,7 @@ struct PcSettings {
   std::array<std::string, 7> day_names;  // from Sunday
   std::array<std::string, 12> month_names;
 
-  // Drives that are named here or have a folder under drives/; those of the folder alone are fixed.
+  // Those that pc.ini names. A folder under drives/ alone makes a fixed drive too.
   std::map<char, Drive> drives;  // by capital letter
 
   std::vector<std::string> denied_keys;

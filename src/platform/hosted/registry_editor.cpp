@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "platform/hosted/clock.h"
+#include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/hosted/registry_text.h"
-#include "platform/unique_handle.h"
 #include "platform/winapi.h"
 
 namespace tidemark::hosted {
@@ -31,31 +31,6 @@ bool SameFile(std::string_view left, std::string_view right) {
   std::replace(a.begin(), a.end(), '/', '\\');
   std::replace(b.begin(), b.end(), '/', '\\');
   return SameName(a, b);
-}
-
-// Empties the file and writes the bytes. Another program's file can't be opened here: then nothing.
-bool WriteWholeFile(const std::string& path, std::string_view bytes) {
-  const UniqueFile file(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) return false;
-  DWORD written = 0;
-  return WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) !=
-         FALSE;
-}
-
-std::string ReadWholeFile(const std::string& path) {
-  std::string bytes;
-  const UniqueFile file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) return bytes;
-  std::string piece(1U << 16U, '\0');
-  DWORD read = 0;
-  while (ReadFile(file.Get(), piece.data(), static_cast<DWORD>(piece.size()), &read, nullptr) !=
-             FALSE &&
-         read > 0) {
-    bytes.append(piece, 0, read);
-  }
-  return bytes;
 }
 
 }  // namespace
@@ -134,7 +109,7 @@ bool RegistryEditor::Begin(Command& command) {
   if (!command.exports) return true;
   const std::size_t items = CountForExport(HostedPc::Current().registry(), command.key);
   if (items == 0) return false;
-  WriteWholeFile(command.file, "");
+  HostedPc::Current().files().WriteWhole(command.file, "");
   command.due_us += kItemUs * items;
   return true;
 }
@@ -142,11 +117,14 @@ bool RegistryEditor::Begin(Command& command) {
 void RegistryEditor::End(const Command& command) {
   RegistryStore& registry = HostedPc::Current().registry();
   if (!command.exports) {
-    ImportRegistryText(ReadWholeFile(command.file), registry);
+    std::string text;
+    HostedPc::Current().files().ReadWhole(command.file, text);
+    ImportRegistryText(text, registry);
     return;
   }
   const auto form = eight_bit_ ? RegistryTextForm::kRegedit4 : RegistryTextForm::kVersion5;
-  WriteWholeFile(command.file, ExportRegistryText(registry, command.key, form));
+  HostedPc::Current().files().WriteWhole(command.file,
+                                         ExportRegistryText(registry, command.key, form));
 }
 
 bool RegistryEditor::IsWriting(std::string_view path) const {

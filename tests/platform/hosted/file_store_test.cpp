@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 class FileStoreTest : public testing::Test {
- protected:
+ public:
   FileStoreTest() {
     std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
     root_ = mkdtemp(name.data());
@@ -24,6 +24,7 @@ class FileStoreTest : public testing::Test {
   }
   ~FileStoreTest() override { fs::remove_all(root_); }
 
+ protected:
   fs::path drive() const { return root_ / "drives/C"; }
   static void Put(const fs::path& path) { std::ofstream(path) << "x"; }
   static LONG Look(FileStore& files, std::string_view path) {

@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 class HostedPcTest : public testing::Test {
- protected:
+ public:
   HostedPcTest() {
     std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
     root_ = mkdtemp(name.data());
@@ -27,6 +27,7 @@ class HostedPcTest : public testing::Test {
   }
   ~HostedPcTest() override { fs::remove_all(root_); }
 
+ protected:
   void Put(const std::string& name, const std::string& text) const {
     std::ofstream(root_ / name, std::ios::binary) << text;
   }

@@ -14,7 +14,7 @@
 namespace tidemark::hosted {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 RegistryStore& Store() { return HostedPc::Current().registry(); }
 

@@ -15,7 +15,7 @@
 namespace tidemark::hosted {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 constexpr const char* kHeader5 = "Windows Registry Editor Version 5.00\r\n\r\n";
 constexpr const char* kHeader4 = "REGEDIT4\r\n\r\n";
@@ -28,12 +28,13 @@ std::string Wide(const std::string& text) {
 }
 
 class RegistryText : public testing::Test {
- protected:
+ public:
   RegistryText()
       : file_(std::filesystem::temp_directory_path() /
               ("tidemark-" + std::to_string(std::random_device{}()) + ".reg")) {}
   ~RegistryText() override { std::filesystem::remove(file_); }
 
+ protected:
   void Write(const std::string& bytes) const { std::ofstream(file_, std::ios::binary) << bytes; }
 
   std::string Read() const {
@@ -55,7 +56,7 @@ class RegistryText : public testing::Test {
 
   // One value of HKEY_LOCAL_MACHINE\K, after a load of a script of the header and the line.
   std::string Loaded(const std::string& script) const {
-    const std::string fault = LoadFault(script);
+    std::string fault = LoadFault(script);
     if (!fault.empty()) return fault;
     RegistryStore store("S-1-5-21");
     store.Load(file_);
