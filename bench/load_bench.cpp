@@ -2,6 +2,7 @@
 // the file.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -17,15 +18,20 @@ namespace {
 
 constexpr const char* kUserSid = "S-1-5-21-0-0-0-1000";
 
-// registry.reg of a generated PC with 200,000 keys, as UTF-16 text.
+// registry.reg of a generated PC with 200,000 keys, as UTF-16 text; gone when the process ends.
 std::filesystem::path RegistryFile() {
-  static const std::filesystem::path file = [] {
-    auto path = std::filesystem::temp_directory_path() / "tidemark-bench-registry.reg";
-    PcOfSize(200'000);
-    hosted::HostedPc::Current().registry().Save(path);
-    return path;
-  }();
-  return file;
+  struct TemporaryFile {
+    TemporaryFile() { hosted::HostedPc::Current().registry().Save(path); }
+    ~TemporaryFile() {
+      std::error_code ignored;
+      std::filesystem::remove(path, ignored);
+    }
+    std::filesystem::path path = std::filesystem::temp_directory_path() /
+                                 ("tidemark-bench-" + std::to_string(getpid()) + ".reg");
+  };
+  PcOfSize(200'000);
+  static const TemporaryFile file;
+  return file.path;
 }
 
 void CountBytes(benchmark::State& state) {
@@ -34,9 +40,10 @@ void CountBytes(benchmark::State& state) {
 }
 
 void BM_ReadFile(benchmark::State& state) {
+  const auto path = RegistryFile();
   for ([[maybe_unused]] auto _ : state) {
-    std::ifstream file(RegistryFile(), std::ios::binary);
-    std::string bytes(std::filesystem::file_size(RegistryFile()), '\0');
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes(std::filesystem::file_size(path), '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     benchmark::DoNotOptimize(bytes);
   }

@@ -27,52 +27,62 @@ ListItem* ListView::Item(int index) {
 
 ListItem* ListView::Item(std::string_view key) {
   if (key.empty() || index_.empty()) return nullptr;
-  const std::uint32_t row = index_[FindSlot(key)];
+  const std::uint32_t row = index_[FindSlot(key, HashOf(key))].row;
   return row == 0 ? nullptr : &rows_[row - 1];
 }
 
 ListItem* ListView::Add(Text key, Text caption) {
   if (!key.empty()) {
-    if (Item(key.View()) != nullptr) return nullptr;
     if ((rows_.size() + 1) * 2 > index_.size()) GrowIndex();
+    const std::uint32_t hash = HashOf(key.View());
+    Slot& slot = index_[FindSlot(key.View(), hash)];
+    if (slot.row != 0) return nullptr;
+    slot = {hash, static_cast<std::uint32_t>(rows_.size() + 1)};
   }
   ListItem& row = rows_.emplace_back();
   row.key_ = std::move(key);
   row.texts_[0] = std::move(caption);
-  if (!row.key_.empty()) {
-    index_[FindSlot(row.key_.View())] = static_cast<std::uint32_t>(rows_.size());
-  }
-  const auto place = sorted_
-                         ? std::upper_bound(order_.begin(), order_.end(), &row,
-                                            [this](const ListItem* left, const ListItem* right) {
-                                              return Before(*left, *right);
-                                            })
-                         : order_.end();
+  const auto before = [this](const ListItem* left, const ListItem* right) {
+    return Before(*left, *right);
+  };
+  const auto place =
+      sorted_ ? std::upper_bound(order_.begin(), order_.end(), &row, before) : order_.end();
   order_.insert(place, &row);
   return &row;
 }
 
+// The index keeps its size: a list is often filled again with as many rows.
 void ListView::Clear() {
   selected_ = nullptr;
   ensure_visible_ = nullptr;
   order_.clear();
   rows_.clear();
-  index_.clear();
+  std::fill(index_.begin(), index_.end(), Slot{});
 }
 
-// The slot that holds the key's row, or the free slot where it would go.
-std::size_t ListView::FindSlot(std::string_view key) const {
+std::uint32_t ListView::HashOf(std::string_view key) {
+  return static_cast<std::uint32_t>(std::hash<std::string_view>()(key));
+}
+
+std::size_t ListView::FindSlot(std::string_view key, std::uint32_t hash) const {
   const std::size_t mask = index_.size() - 1;
-  std::size_t slot = std::hash<std::string_view>()(key) & mask;
-  while (index_[slot] != 0 && !(rows_[index_[slot] - 1].key_ == key)) slot = (slot + 1) & mask;
-  return slot;
+  std::size_t place = hash & mask;
+  while (index_[place].row != 0 &&
+         (index_[place].hash != hash || !(rows_[index_[place].row - 1].key_ == key))) {
+    place = (place + 1) & mask;
+  }
+  return place;
 }
 
 void ListView::GrowIndex() {
-  index_.assign(std::max<std::size_t>(64, index_.size() * 2), 0);
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (rows_[row].key_.empty()) continue;
-    index_[FindSlot(rows_[row].key_.View())] = static_cast<std::uint32_t>(row + 1);
+  const std::vector<Slot> former =
+      std::exchange(index_, std::vector<Slot>(std::max<std::size_t>(64, index_.size() * 2)));
+  const std::size_t mask = index_.size() - 1;
+  for (const Slot& slot : former) {
+    if (slot.row == 0) continue;
+    std::size_t place = slot.hash & mask;
+    while (index_[place].row != 0) place = (place + 1) & mask;
+    index_[place] = slot;
   }
 }
 

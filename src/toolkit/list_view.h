@@ -95,15 +95,23 @@ class ListView : public Control {
   void UserDoubleClick();
 
  private:
-  std::size_t FindSlot(std::string_view key) const;
+  // Open addressing over the keys of rows_, a power of two in size. The hash stands beside the row,
+  // so that neither a search nor growing touches rows of other keys.
+  struct Slot {
+    std::uint32_t hash = 0;
+    std::uint32_t row = 0;  // a row's number plus 1; 0 is a free slot
+  };
+
+  static std::uint32_t HashOf(std::string_view key);
+  // The slot that holds the key's row, or the free slot where it would go.
+  std::size_t FindSlot(std::string_view key, std::uint32_t hash) const;
   void GrowIndex();
   bool Before(const ListItem& left, const ListItem& right) const;
   void SortRows();
 
   std::deque<ListItem> rows_;     // in the order they were added
   std::vector<ListItem*> order_;  // as they stand in the list
-  // Open addressing over the keys of rows_: a row's number plus 1, or 0. A power of two in size.
-  std::vector<std::uint32_t> index_;
+  std::vector<Slot> index_;
   ListItem* selected_ = nullptr;
   ListItem* ensure_visible_ = nullptr;
   int sort_key_ = 0;
