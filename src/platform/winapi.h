@@ -32,7 +32,6 @@ using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
 using ULONGLONG = std::uint64_t;
 using LONG = std::int32_t;
-using LONGLONG = std::int64_t;
 using UINT = unsigned int;
 using BOOL = int;
 using LSTATUS = LONG;
@@ -89,7 +88,6 @@ struct SHELLEXECUTEINFOA {
 constexpr BOOL TRUE = 1;
 constexpr BOOL FALSE = 0;
 constexpr DWORD MAX_PATH = 260;
-constexpr DWORD INFINITE = 0xFFFFFFFF;
 inline const HANDLE INVALID_HANDLE_VALUE =
     reinterpret_cast<HANDLE>(~std::uintptr_t{0});  // NOLINT(performance-no-int-to-ptr)
 
@@ -105,9 +103,7 @@ constexpr LONG ERROR_BAD_NETPATH = 53;
 constexpr LONG ERROR_FILE_EXISTS = 80;
 constexpr LONG ERROR_INVALID_PARAMETER = 87;
 constexpr LONG ERROR_DISK_FULL = 112;
-constexpr LONG ERROR_INSUFFICIENT_BUFFER = 122;
 constexpr LONG ERROR_INVALID_NAME = 123;
-constexpr LONG ERROR_DIR_NOT_EMPTY = 145;
 constexpr LONG ERROR_BAD_PATHNAME = 161;
 constexpr LONG ERROR_ALREADY_EXISTS = 183;
 constexpr LONG ERROR_FILENAME_EXCED_RANGE = 206;
@@ -122,17 +118,17 @@ void SetLastError(DWORD code);
 
 // The registry (winreg.h, shlwapi.h).
 namespace winapi_detail {
-inline HKEY PredefinedKey(std::uintptr_t value) {
+inline HKEY KeyHandle(std::uintptr_t value) {
   return reinterpret_cast<HKEY>(value);  // NOLINT(performance-no-int-to-ptr)
 }
 }  // namespace winapi_detail
-inline const HKEY HKEY_CLASSES_ROOT = winapi_detail::PredefinedKey(0x80000000U);
-inline const HKEY HKEY_CURRENT_USER = winapi_detail::PredefinedKey(0x80000001U);
-inline const HKEY HKEY_LOCAL_MACHINE = winapi_detail::PredefinedKey(0x80000002U);
-inline const HKEY HKEY_USERS = winapi_detail::PredefinedKey(0x80000003U);
-inline const HKEY HKEY_PERFORMANCE_DATA = winapi_detail::PredefinedKey(0x80000004U);
-inline const HKEY HKEY_CURRENT_CONFIG = winapi_detail::PredefinedKey(0x80000005U);
-inline const HKEY HKEY_DYN_DATA = winapi_detail::PredefinedKey(0x80000006U);
+inline const HKEY HKEY_CLASSES_ROOT = winapi_detail::KeyHandle(0x80000000U);
+inline const HKEY HKEY_CURRENT_USER = winapi_detail::KeyHandle(0x80000001U);
+inline const HKEY HKEY_LOCAL_MACHINE = winapi_detail::KeyHandle(0x80000002U);
+inline const HKEY HKEY_USERS = winapi_detail::KeyHandle(0x80000003U);
+inline const HKEY HKEY_PERFORMANCE_DATA = winapi_detail::KeyHandle(0x80000004U);
+inline const HKEY HKEY_CURRENT_CONFIG = winapi_detail::KeyHandle(0x80000005U);
+inline const HKEY HKEY_DYN_DATA = winapi_detail::KeyHandle(0x80000006U);
 
 constexpr DWORD REG_NONE = 0;
 constexpr DWORD REG_SZ = 1;
@@ -140,7 +136,6 @@ constexpr DWORD REG_EXPAND_SZ = 2;
 constexpr DWORD REG_BINARY = 3;
 constexpr DWORD REG_DWORD = 4;
 constexpr DWORD REG_MULTI_SZ = 7;
-constexpr DWORD REG_QWORD = 11;
 
 constexpr REGSAM KEY_QUERY_VALUE = 0x0001;
 constexpr REGSAM KEY_SET_VALUE = 0x0002;

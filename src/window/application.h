@@ -8,9 +8,6 @@ namespace tidemark {
 struct Application {
   std::string folder;  // the program's folder, without a trailing backslash
   std::string title = "Tidemark";
-  std::string executable = "tidemark";  // without extension
-  int major = 2;
-  int minor = 1;
   bool previous_instance = false;  // another Tidemark was running when this one started
 };
 

@@ -1,22 +1,13 @@
 #include "platform/hosted/pc_path.h"
 
+#include "platform/hosted/registry_names.h"
 #include "platform/letter_case.h"
-#include "platform/unicode.h"
 
 namespace tidemark::hosted {
 namespace {
 
 constexpr bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 constexpr bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-std::size_t CountUnits(std::string_view text) {
-  std::size_t units = 0;
-  for (std::size_t position = 0; position < text.size(); ++units) {
-    const char32_t character = NextCharacter(text, position);
-    if (character >= 0x10000 && character != kNoCharacter) ++units;
-  }
-  return units;
-}
 
 bool HasForbiddenCharacter(std::string_view text) {
   for (const char c : text) {
@@ -93,7 +84,7 @@ LONG TakeRoot(std::string_view& path, std::string_view current_folder, std::stri
 LONG NormalisePath(std::string_view path, std::string_view current_folder, PcPath& result) {
   // The 8-bit calls hold a path in 260 units.
   constexpr std::size_t kMost = MAX_PATH;
-  if (path.size() > kMost && CountUnits(path) > kMost) return ERROR_FILENAME_EXCED_RANGE;
+  if (path.size() > kMost && Utf16Length(path) > kMost) return ERROR_FILENAME_EXCED_RANGE;
   while (path.ends_with(' ')) path.remove_suffix(1);
   if (path.empty()) return ERROR_PATH_NOT_FOUND;
   if (const LONG status = TakeRoot(path, current_folder, result.text)) return status;
@@ -106,7 +97,7 @@ LONG NormalisePath(std::string_view path, std::string_view current_folder, PcPat
     if (end + 1 == path.size()) result.ends_in_backslash = true;
     path.remove_prefix(end == path.size() ? end : end + 1);
   }
-  if (result.text.size() > kMost && CountUnits(result.text) > kMost) return ERROR_PATH_NOT_FOUND;
+  if (result.text.size() > kMost && Utf16Length(result.text) > kMost) return ERROR_PATH_NOT_FOUND;
   SetUpper(result);
   return ERROR_SUCCESS;
 }

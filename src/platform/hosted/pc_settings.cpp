@@ -169,7 +169,7 @@ class Reader {
       if (value.empty() || value.find('\\') != std::string_view::npos) return "not a user's SID";
       settings_.user_sid = value;
     } else if (key == "name") {
-      settings_.user_name = value;
+      settings_.SetVariable("USERNAME", value);
     } else {
       return Unknown("key", name);
     }

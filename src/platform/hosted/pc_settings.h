@@ -3,7 +3,7 @@
 // clang-format off
 //   [environment]  NAME=value                  one environment variable a line
 //   [folders]      desktop=C:\...              special folders; kFolderNames lists the keys
-//   [user]         sid=S-1-5-...  name=
+//   [user]         sid=S-1-5-...  name=...     the name is the variable USERNAME
 //   [locale]       short date=M/d/yyyy  time=h:mm:ss tt
 //                  day names=Sunday,...  month names=January,...
 //                  code page=1252
@@ -49,7 +49,6 @@ struct PcSettings {
   std::string program_folder = "C:\\Program Files\\Tidemark";
 
   std::string user_sid = "S-1-5-21-0-0-0-1000";
-  std::string user_name = "User";
 
   // Pictures of the platform's locale formats: d dd ddd dddd, M..., yy yyyy; h hh H HH, m mm, s ss,
   // t tt.

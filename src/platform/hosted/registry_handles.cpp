@@ -17,8 +17,8 @@ HKEY RegistryHandles::Open(const RegistryView& view, REGSAM access) {
   slot.tree_version = store_.tree_version();
   Hold(view.top);
   Hold(view.under);
-  return winapi_detail::PredefinedKey(std::uintptr_t{slot.generation} << 32U |
-                                      (std::uintptr_t{number} + 1) * 4);
+  return winapi_detail::KeyHandle(std::uintptr_t{slot.generation} << 32U |
+                                  (std::uintptr_t{number} + 1) * 4);
 }
 
 bool RegistryHandles::Close(HKEY key) {
