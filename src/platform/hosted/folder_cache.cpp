@@ -95,8 +95,8 @@ LONG FolderCache::Refresh(Folder& folder) {
   auto former = std::exchange(folder.entries, {});
   folder.listed = true;
   folder.changed = IsYoung(status.st_mtim) ? timespec{} : status.st_mtim;
-  errno = 0;
-  while (const dirent* const found = readdir(stream.get())) {
+  // Only errno tells a failed read from the end.
+  for (errno = 0; const dirent* const found = readdir(stream.get()); errno = 0) {
     if (IsForeign(*found)) continue;
     const auto [place, is_new] =
         folder.entries.try_emplace(UpperCase(std::string_view(found->d_name)));
@@ -108,7 +108,6 @@ LONG FolderCache::Refresh(Folder& folder) {
         known != former.end() && known->second.name == entry.name && entry.is_folder) {
       entry.folder = std::move(known->second.folder);
     }
-    errno = 0;
   }
   if (errno != 0) {
     folder.listed = false;
@@ -161,11 +160,11 @@ LONG FolderCache::Find(std::string_view upper, bool careful, Place& place) {
     const LONG status = Walk(upper, check, place);
     if (status == ERROR_SUCCESS) {
       // What the host still knows under that path is there: its folder need not be looked at.
-      if (fstatat(Root(), HostPath(place), &place.status, AT_SYMLINK_NOFOLLOW) == 0 &&
-          (S_ISREG(place.status.st_mode) || S_ISDIR(place.status.st_mode))) {
+      if (fstatat(Root(), HostPath(place), &place.status, AT_SYMLINK_NOFOLLOW) != 0) {
+        if (errno == EACCES) return ERROR_ACCESS_DENIED;
+      } else if (S_ISREG(place.status.st_mode) || S_ISDIR(place.status.st_mode)) {
         return status;
       }
-      if (errno == EACCES) return ERROR_ACCESS_DENIED;
     } else if (check || (place.parent != nullptr && IsUnchanged(*place.parent))) {
       return status;
     }
