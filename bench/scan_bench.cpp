@@ -67,7 +67,7 @@ void CountPerKey(benchmark::State& state) {
 }
 
 void BM_BareWalk(benchmark::State& state) {
-  PcOfSize(static_cast<int>(state.range(0)));
+  PcOfSize(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
   for ([[maybe_unused]] auto _ : state) {
     BareWalk walk;
     walk.Walk("CLSID");
@@ -79,7 +79,7 @@ void BM_BareWalk(benchmark::State& state) {
 }
 
 void BM_FullScan(benchmark::State& state) {
-  TestPc& pc = PcOfSize(static_cast<int>(state.range(0)));
+  TestPc& pc = PcOfSize(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
   ScriptFrontEnd front_end;
   frmMain window(front_end, Application{.folder = pc.program_folder()});
   BindHandlers(window);
@@ -95,12 +95,14 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 }
 
 // In this order, so that the two of a pair run on the same PC one after the other.
-BENCHMARK(BM_BareWalk)->Arg(10'000)->Apply(Sizes);
-BENCHMARK(BM_FullScan)->Arg(10'000)->Apply(Sizes);
-BENCHMARK(BM_BareWalk)->Arg(200'000)->Apply(Sizes);
-BENCHMARK(BM_FullScan)->Arg(200'000)->Apply(Sizes);
-BENCHMARK(BM_BareWalk)->Arg(1'000'000)->Apply(Sizes);
-BENCHMARK(BM_FullScan)->Arg(1'000'000)->Apply(Sizes);
+BENCHMARK(BM_BareWalk)->Args({10'000, 20'000})->Apply(Sizes);
+BENCHMARK(BM_FullScan)->Args({10'000, 20'000})->Apply(Sizes);
+BENCHMARK(BM_BareWalk)->Args({200'000, 400'000})->Apply(Sizes);
+BENCHMARK(BM_FullScan)->Args({200'000, 400'000})->Apply(Sizes);
+BENCHMARK(BM_BareWalk)->Args({700'000, 1'200'000})->Apply(Sizes);
+BENCHMARK(BM_FullScan)->Args({700'000, 1'200'000})->Apply(Sizes);
+BENCHMARK(BM_BareWalk)->Args({1'000'000, 2'000'000})->Apply(Sizes);
+BENCHMARK(BM_FullScan)->Args({1'000'000, 2'000'000})->Apply(Sizes);
 
 }  // namespace
 }  // namespace tidemark::bench

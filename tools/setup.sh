@@ -5,9 +5,15 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 native_packages=(cmake ninja-build g++)
 windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 fonts-wine)
+installer_packages=(nsis)
+display_packages=(xvfb imagemagick)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev googletest xz-utils)
+fuzz_packages=(clang libclang-rt-14-dev)
 format_packages=(clang-format)
 tidy_packages=(clang-format clang-tidy)
+
+# For ccache, where it is installed: the tests have a precompiled header.
+export CCACHE_SLOPPINESS=pch_defines,time_macros
 
 # need PACKAGE...: installs those Debian packages that are lacking; touches nothing when none is.
 need() {
@@ -48,4 +54,22 @@ build() {
   shift
   echo "Building $* ($preset)" >&2
   logged "$preset-build" cmake --build "$root/build/$preset" --target "$@"
+}
+
+# stage_program FOLDER: the program's folder, as it is installed. An ignore list that is there stays.
+stage_program() {
+  mkdir -p "$1"/{backup,images} "$1/Startup Folder/"{"All Users","Current User"}
+  x86_64-w64-mingw32-strip -o "$1/tidemark.exe" "$root/build/windows/src/desktop/tidemark.exe"
+  cp "$root"/assets/images/*.{jpg,ico,bmp} "$1/images/"
+  [[ -e $1/Ignorelst.ini ]] || cp "$root/assets/Ignorelst.ini" "$1/"
+}
+
+program_version() {
+  sed -n 's/^project(Tidemark VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt"
+}
+
+# make_installer PROGRAM_FOLDER VERSION FILE
+make_installer() {
+  logged installer makensis -V2 -WX -DVERSION="$2" -DPROGRAM="$1" -DOUTPUT="$3" \
+    "$root/packaging/tidemark.nsi"
 }

@@ -37,6 +37,6 @@ if [[ $(cat "$wine_root/display" 2>/dev/null) != "$wine_display" ]]; then
   echo "$wine_display" >"$wine_root/display"
 fi
 # Started here, with their output closed, the services can't hold a caller's pipe open; they stay for
-# five idle minutes.
+# five idle minutes. Without -i the programs that are set up to start with the system would start.
 wineserver -p300 </dev/null >/dev/null 2>&1 || true
-wineboot </dev/null >/dev/null 2>&1
+wineboot -i </dev/null >/dev/null 2>&1

@@ -36,8 +36,14 @@ void XP_ProgressBar::SetValue(int value) {
   DrawProgressBar();
 }
 
-void XP_ProgressBar::SetFont(BarFont font) {
-  look_.font = std::move(font);
+void XP_ProgressBar::SetFont(const tidemark::Font& font) {
+  look_.font = font;
+  DrawProgressBar();
+}
+
+void XP_ProgressBar::SetDisplay(const Display& display) {
+  if (display == look_.display) return;
+  look_.display = display;
   DrawProgressBar();
 }
 
@@ -54,7 +60,7 @@ void XP_ProgressBar::DrawProgressBar() {
   ++version_;
 }
 
-const Canvas& XP_ProgressBar::Picture() {
+const Canvas& XP_ProgressBar::Painting() {
   if (painted_version_ != version_) {
     PaintBar(look_, picture_);
     painted_version_ = version_;

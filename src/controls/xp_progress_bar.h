@@ -11,23 +11,17 @@
 #include <utility>
 
 #include "controls/ole_color.h"
-#include "toolkit/canvas.h"
-#include "toolkit/control.h"
+#include "toolkit/canvas_control.h"
 
 namespace tidemark {
-
-struct BarFont {
-  std::string name = "MS Sans Serif";
-  bool bold = false;  // all that the canvas's one face shows of a font
-  bool operator==(const BarFont&) const = default;
-};
 
 // What the painting of a bar depends on.
 struct BarLook {
   int percent = 0;  // at most 100; nothing keeps it from being negative
   int brush_style = 4;
   OleColor color = PlainColor(0x8000000D);  // the system's highlight colour
-  BarFont font;
+  tidemark::Font font;
+  Display display;
   std::optional<Canvas> image;
   int orientation = 0;
   int scrolling = 0;
@@ -41,9 +35,9 @@ std::string BarText(const BarLook& look);
 // A tint: 0 leaves the colour, 255 gives white.
 Pixel ShadeColor(Pixel color, int factor);
 
-class XP_ProgressBar : public Control {
+class XP_ProgressBar : public CanvasControl {
  public:
-  using Control::Control;
+  using CanvasControl::CanvasControl;
 
   // The percentage turned back: percent / 100 * Max, divided by Min if that is 1 or more, rounded
   // half to even. 0 where that is no 32-bit number.
@@ -66,8 +60,8 @@ class XP_ProgressBar : public Control {
   // A system colour is turned into a plain one when it is set, so a plain one is read back.
   OleColor Color() const { return look_.color; }
   void SetColor(OleColor color) { SetShown(look_.color, PlainColor(color)); }
-  const BarFont& Font() const { return look_.font; }
-  void SetFont(BarFont font);
+  const tidemark::Font& Font() const { return look_.font; }
+  void SetFont(const tidemark::Font& font);
   // The pattern of style 8.
   const std::optional<Canvas>& Image() const { return look_.image; }
   void SetImage(std::optional<Canvas> image) { SetShown(look_.image, std::move(image)); }
@@ -83,13 +77,13 @@ class XP_ProgressBar : public Control {
   // Whether a property that belongs to the stored form was set since the control was made.
   bool Changed() const { return changed_; }
 
-  // The size of the picture, in pixels; below 0 counts as 0.
-  void SetSize(int width, int height);
+  void SetDisplay(const Display& display) override;
+  void SetSize(int width, int height) override;
   // The picture of the last repaint. A set that repaints marks it, this call paints: a walker that
   // sets Value a million times pays for the pictures that someone sees.
-  const Canvas& Picture();
+  const Canvas& Painting() override;
   // Rises with every repaint that can show something new; a front end compares it before it copies.
-  std::uint64_t PictureVersion() const { return version_; }
+  std::uint64_t PaintingVersion() const override { return version_; }
 
  private:
   template <class T>

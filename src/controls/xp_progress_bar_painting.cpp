@@ -14,8 +14,13 @@ constexpr Pixel kFrameDark = 0xBEBEBE;
 constexpr Pixel kFrameLight = 0xEFEFEF;
 
 constexpr int kOnBlackStyle = 6;
+
+// In pixels at 96 dots per inch.
+constexpr int kWideChunk = 6;
+constexpr int kNarrowChunk = 2;
 constexpr int kGap = 2;
 constexpr int kFrameIndent = 3;
+constexpr int kBevel = 2;
 
 // Rounded half to even, and far outside every canvas where the number is.
 int PixelPosition(double position) {
@@ -43,7 +48,7 @@ Rect ChunkRect(const Rect& work, int percent, bool horizontal, int step) {
 }
 
 // The shade of one line of a chunk bar: lightest in the middle, from where it falls by 40 a line,
-// and soft along the edges, of which the frame covers two lines.
+// and soft along the edges, of which the frame covers two lines. Lines as of 96 dots per inch.
 int ChunkShade(int line, int lines) {
   constexpr int kSoftLines = 3;
   const int middle = lines / 2;
@@ -52,36 +57,55 @@ int ChunkShade(int line, int lines) {
   return std::max(shade, 0);
 }
 
-void PaintChunkGradient(const Rect& bar, Pixel color, bool horizontal, Canvas& canvas) {
+struct ChunkMetrics {
+  int chunk;
+  int gap;
+  int indent;
+  int bevel_line;  // the outer line of the bevel
+  int bevel;       // both
+};
+
+ChunkMetrics MetricsOf(const BarLook& look) {
+  const Display& display = look.display;
+  return {std::max(display.Scaled(look.scrolling == 0 ? kWideChunk : kNarrowChunk), 1),
+          display.Scaled(kGap), display.Scaled(kFrameIndent), display.Scaled(kBevel / 2),
+          display.Scaled(kBevel)};
+}
+
+void PaintChunkGradient(const BarLook& look, const Rect& bar, bool horizontal, Canvas& canvas) {
+  const Pixel color = PixelOf(look.color);
   const int lines = horizontal ? bar.Height() : bar.Width();
+  const int lines_at_96 = std::max(lines * 96 / look.display.dots_per_inch, 1);
   for (int line = 0; line < lines; ++line) {
-    const Pixel shade = ShadeColor(color, ChunkShade(line, lines));
+    const Pixel shade = ShadeColor(color, ChunkShade(line * lines_at_96 / lines, lines_at_96));
     canvas.FillRect(horizontal ? Rect{bar.left, bar.top + line, bar.right, bar.top + line + 1}
                                : Rect{bar.left + line, bar.top, bar.left + line + 1, bar.bottom},
                     shade);
   }
 }
 
-void PaintSeparators(const Rect& bar, int chunk, bool horizontal, Canvas& canvas) {
-  const Rect visible = {bar.left, std::max(bar.top, 0), std::min(bar.right, canvas.Width()),
-                        bar.bottom};
+void PaintSeparators(const Rect& bar, const ChunkMetrics& metrics, bool horizontal,
+                     Canvas& canvas) {
+  const int step = metrics.chunk + metrics.gap;
   if (horizontal) {
-    for (int x = bar.left + chunk; x < visible.right; x += chunk + kGap) {
-      canvas.FillRect({x, bar.top, x + kGap, bar.bottom}, kWhite);
+    const int end = std::min(bar.right, canvas.Width());
+    for (int x = bar.left + metrics.chunk; x < end; x += step) {
+      canvas.FillRect({x, bar.top, x + metrics.gap, bar.bottom}, kWhite);
     }
   } else {
-    for (int y = bar.bottom - chunk; y > visible.top; y -= chunk + kGap) {
-      canvas.FillRect({bar.left, y - kGap, bar.right, y}, kWhite);
+    const int end = std::max(bar.top, 0);
+    for (int y = bar.bottom - metrics.chunk; y > end; y -= step) {
+      canvas.FillRect({bar.left, y - metrics.gap, bar.right, y}, kWhite);
     }
   }
 }
 
-// Two pixels wide: dark outside on the top and on the left, light elsewhere.
-void PaintBevel(const Rect& area, Canvas& canvas) {
+// Two lines wide: dark outside on the top and on the left, light elsewhere.
+void PaintBevel(const Rect& area, const ChunkMetrics& metrics, Canvas& canvas) {
   const int right = area.right - 1;
   const int bottom = area.bottom - 1;
-  for (int inset = 1; inset >= 0; --inset) {
-    const Pixel top_left = inset == 0 ? kFrameDark : kFrameLight;
+  for (int inset = metrics.bevel - 1; inset >= 0; --inset) {
+    const Pixel top_left = inset < metrics.bevel_line ? kFrameDark : kFrameLight;
     canvas.Line(right - inset, inset, right - inset, area.bottom, kFrameLight);
     canvas.Line(inset, bottom - inset, area.right, bottom - inset, kFrameLight);
     canvas.Line(inset, inset, area.right, inset, top_left);
@@ -91,14 +115,14 @@ void PaintBevel(const Rect& area, Canvas& canvas) {
 
 void PaintChunks(const BarLook& look, Canvas& canvas) {
   const bool horizontal = look.orientation == 0;
-  const int chunk = look.scrolling == 0 ? 6 : 2;
+  const ChunkMetrics metrics = MetricsOf(look);
   Rect work = canvas.Area();
-  work.left += kFrameIndent;
-  const Rect bar = ChunkRect(work, look.percent, horizontal, chunk + kGap);
-  PaintChunkGradient(bar, PixelOf(look.color), horizontal, canvas);
-  if (look.scrolling == 0) PaintSeparators(bar, chunk, horizontal, canvas);
-  work.left -= kFrameIndent;
-  PaintBevel(work, canvas);
+  work.left += metrics.indent;
+  const Rect bar = ChunkRect(work, look.percent, horizontal, metrics.chunk + metrics.gap);
+  PaintChunkGradient(look, bar, horizontal, canvas);
+  if (look.scrolling == 0) PaintSeparators(bar, metrics, horizontal, canvas);
+  work.left -= metrics.indent;
+  PaintBevel(work, metrics, canvas);
 }
 
 void PaintShades(const BarLook& look, Canvas& canvas) {
@@ -199,11 +223,11 @@ void PaintFramed(const BarLook& look, Canvas& canvas) {
 }
 
 void PaintTextOnce(const BarLook& look, Pixel color, const Rect& clip, Canvas& canvas) {
+  const TextPainter& painter = *look.display.text_painter;
   const std::string text = BarText(look);
-  const int x = (canvas.Width() - Canvas::TextWidth(text)) / 2;
-  const int y = (canvas.Height() - Canvas::kTextHeight + 1) / 2;
-  canvas.PaintText(x, y, text, color, clip);
-  if (look.font.bold) canvas.PaintText(x + 1, y, text, color, clip);
+  const int x = (canvas.Width() - painter.Width(text, look.font)) / 2;
+  const int y = (canvas.Height() - painter.Height(look.font)) / 2;
+  painter.Paint(canvas, x, y, text, look.font, color, clip);
 }
 
 void PaintBarText(const BarLook& look, Canvas& canvas) {

@@ -3,15 +3,23 @@
 #include "platform/file_system_object.h"
 
 namespace tidemark {
+namespace {
+
+void MakeFolders(const std::string& path) {
+  FileSystemObject files;
+  for (auto end = path.find('\\', 3); end != std::string::npos; end = path.find('\\', end + 1)) {
+    files.CreateFolder(path.substr(0, end));
+  }
+  files.CreateFolder(path);
+}
+
+}  // namespace
 
 void MakeProgramFolder(const std::string& folder) {
-  const std::string backup = folder + "\\backup";
-  FileSystemObject files;
-  for (auto end = backup.find('\\', 3); end != std::string::npos;
-       end = backup.find('\\', end + 1)) {
-    files.CreateFolder(backup.substr(0, end));
+  for (const char* const name :
+       {"backup", "Startup Folder\\All Users", "Startup Folder\\Current User"}) {
+    MakeFolders(folder + "\\" + name);
   }
-  files.CreateFolder(backup);
 }
 
 }  // namespace tidemark

@@ -2,7 +2,6 @@
 
 #include "helpers/text_helpers.h"
 #include "platform/file_system_object.h"
-#include "platform/winapi.h"
 
 namespace tidemark {
 namespace {
@@ -54,11 +53,14 @@ void ShowFileProperties(const std::string& path) {
   ShellExecuteExA(&info);
 }
 
-void OpenWebPage(std::string_view path, const char* verb, const char* parameters,
+void OpenWebPage(HWND owner, std::string_view path, const char* verb, const char* parameters,
                  const char* folder, int show) {
   const std::string address = std::string(kWebSite).append(path);
-  ShellExecuteA(nullptr, verb, address.c_str(), parameters, folder, show);
+  ShellExecuteA(owner, verb, address.c_str(), parameters, folder, show);
 }
+
+// On purpose: the object that would make it, "Scripting.FileSystemObj0ect", is on no system.
+void CreateNewFolder(const std::string& /*path*/) {}
 
 std::string AddBackslash(std::string_view path) {
   std::string result(path);

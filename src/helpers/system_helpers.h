@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/winapi.h"
+
 namespace tidemark {
 
 // True when the path is a file.
@@ -27,8 +29,11 @@ std::string GetWindowsDir();
 void ShowFileProperties(const std::string& path);
 
 // Opens a web page in the user's browser. The parameters are those of ShellExecuteA.
-void OpenWebPage(std::string_view path, const char* verb, const char* parameters,
+void OpenWebPage(HWND owner, std::string_view path, const char* verb, const char* parameters,
                  const char* folder, int show);
+
+// Makes no folder.
+void CreateNewFolder(const std::string& path);
 
 // With exactly the backslash that is lacking at its end, if one is; empty stays empty.
 std::string AddBackslash(std::string_view path);

@@ -82,6 +82,18 @@ bool FileSystemObject::FolderExists(const std::string& path) const {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+Error FileSystemObject::GetFile(const std::string& path, File& result) const {
+  if (path.empty()) return kInvalidCall;
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const Error error = ErrorOf(GetLastError());
+    return error == kPermissionDenied || error == kDiskNotReady ? error : kFileNotFound;
+  }
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return kFileNotFound;
+  result.path_ = path;
+  return kNone;
+}
+
 Error FileSystemObject::GetFolder(const std::string& path) const {
   if (path.empty()) return kInvalidCall;
   return FolderError(GetFileAttributesA(path.c_str()));

@@ -97,6 +97,7 @@ constexpr LONG ERROR_FILE_NOT_FOUND = 2;
 constexpr LONG ERROR_PATH_NOT_FOUND = 3;
 constexpr LONG ERROR_ACCESS_DENIED = 5;
 constexpr LONG ERROR_INVALID_HANDLE = 6;
+constexpr LONG ERROR_NO_MORE_FILES = 18;
 constexpr LONG ERROR_NOT_READY = 21;
 constexpr LONG ERROR_SHARING_VIOLATION = 32;
 constexpr LONG ERROR_BAD_NETPATH = 53;
@@ -135,6 +136,7 @@ constexpr DWORD REG_SZ = 1;
 constexpr DWORD REG_EXPAND_SZ = 2;
 constexpr DWORD REG_BINARY = 3;
 constexpr DWORD REG_DWORD = 4;
+constexpr DWORD REG_DWORD_BIG_ENDIAN = 5;
 constexpr DWORD REG_MULTI_SZ = 7;
 
 constexpr REGSAM KEY_QUERY_VALUE = 0x0001;
@@ -168,6 +170,7 @@ LSTATUS RegQueryInfoKeyA(HKEY key, LPSTR class_text, LPDWORD class_size, LPDWORD
                          FILETIME* last_write);
 LSTATUS RegDeleteKeyA(HKEY key, LPCSTR sub_key);
 LSTATUS SHDeleteKeyA(HKEY key, LPCSTR sub_key);
+LSTATUS RegConnectRegistryA(LPCSTR machine, HKEY root, PHKEY result);
 
 // Files (fileapi.h).
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
@@ -199,6 +202,75 @@ BOOL DeleteFileA(LPCSTR path);
 BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 
+// File search (fileapi.h, shlwapi.h). A search pattern may have "*" and "?" in its last name.
+struct WIN32_FIND_DATAA {
+  DWORD dwFileAttributes;
+  FILETIME ftCreationTime;
+  FILETIME ftLastAccessTime;
+  FILETIME ftLastWriteTime;
+  DWORD nFileSizeHigh;
+  DWORD nFileSizeLow;
+  DWORD dwReserved0;
+  DWORD dwReserved1;
+  char cFileName[MAX_PATH];     // NOLINT(modernize-avoid-c-arrays): the platform's record
+  char cAlternateFileName[14];  // NOLINT(modernize-avoid-c-arrays)
+};
+HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* found);
+BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found);
+BOOL FindClose(HANDLE search);
+BOOL PathMatchSpecA(LPCSTR name, LPCSTR pattern);
+
+struct WIN32_FILE_ATTRIBUTE_DATA {
+  DWORD dwFileAttributes;
+  FILETIME ftCreationTime;
+  FILETIME ftLastAccessTime;
+  FILETIME ftLastWriteTime;
+  DWORD nFileSizeHigh;
+  DWORD nFileSizeLow;
+};
+enum GET_FILEEX_INFO_LEVELS { GetFileExInfoStandard };
+BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data);
+
+// Drives (fileapi.h).
+constexpr UINT DRIVE_UNKNOWN = 0;
+constexpr UINT DRIVE_NO_ROOT_DIR = 1;
+constexpr UINT DRIVE_REMOVABLE = 2;
+constexpr UINT DRIVE_FIXED = 3;
+constexpr UINT DRIVE_REMOTE = 4;
+constexpr UINT DRIVE_CDROM = 5;
+constexpr UINT DRIVE_RAMDISK = 6;
+DWORD GetLogicalDrives();  // bit 0 is drive A
+UINT GetDriveTypeA(LPCSTR root);
+BOOL GetVolumeInformationA(LPCSTR root, LPSTR label, DWORD label_size, LPDWORD serial,
+                           LPDWORD longest_name, LPDWORD flags, LPSTR file_system,
+                           DWORD file_system_size);
+// The share behind a network drive, "\\server\share" (winnetwk.h).
+DWORD WNetGetConnectionA(LPCSTR device, LPSTR share, LPDWORD size);
+
+// The recycle bin (shellapi.h).
+constexpr UINT FO_DELETE = 3;
+constexpr WORD FOF_MULTIDESTFILES = 0x0001;
+constexpr WORD FOF_SILENT = 0x0004;
+constexpr WORD FOF_NOCONFIRMATION = 0x0010;
+constexpr WORD FOF_WANTMAPPINGHANDLE = 0x0020;
+constexpr WORD FOF_ALLOWUNDO = 0x0040;
+struct SHFILEOPSTRUCTA {
+  HWND hwnd;
+  UINT wFunc;
+  LPCSTR pFrom;  // paths, each ended by a NUL, the last one by two
+  LPCSTR pTo;
+  WORD fFlags;
+  BOOL fAnyOperationsAborted;
+  LPVOID hNameMappings;
+  LPCSTR lpszProgressTitle;
+};
+int SHFileOperationA(SHFILEOPSTRUCTA* operation);
+
+// Profile files (winbase.h). A bare file name lies in the Windows folder.
+DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR default_text, LPSTR text,
+                               DWORD size, LPCSTR file);
+BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR text, LPCSTR file);
+
 // The environment, special folders, time, other programs.
 constexpr int CSIDL_DESKTOP = 0x00;
 constexpr int CSIDL_STARTUP = 0x07;
@@ -216,6 +288,9 @@ DWORD ExpandEnvironmentStringsA(LPCSTR text, LPSTR expanded, DWORD size);
 UINT GetWindowsDirectoryA(LPSTR folder, UINT size);
 HRESULT SHGetFolderPathA(HWND owner, int folder, HANDLE token, DWORD flags, LPSTR path);
 void GetLocalTime(SYSTEMTIME* time);
+// By the offset of now, also for a time of the other half of the year.
+BOOL FileTimeToLocalFileTime(const FILETIME* time, FILETIME* local);
+BOOL FileTimeToSystemTime(const FILETIME* time, SYSTEMTIME* calendar);
 ULONGLONG GetTickCount64();
 void Sleep(DWORD milliseconds);
 HINSTANCE ShellExecuteA(HWND owner, LPCSTR verb, LPCSTR file, LPCSTR parameters, LPCSTR folder,

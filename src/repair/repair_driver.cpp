@@ -60,7 +60,9 @@ void cmdFix_Click(frmMain& window) {
   window.ProgressBar2.SetValue(0);
   window.ProgressBar2.SetMax(window.ProblemCount == 0 ? 1 : window.ProblemCount);
 
+  window.Animation1.SetPlaying(true);
   RepairRows(window, undo_file);
+  window.Animation1.SetPlaying(false);
 
   window.cmdFix.SetVisible(true);
   window.cmdStopFix.SetEnabled(false);

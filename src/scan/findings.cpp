@@ -45,28 +45,11 @@ void AddtoList(frmMain& window, HKEY hive, const std::string& key, const std::st
   const std::string match = "\\" + key + " " + value_name + " " + value_data;
   if (IsInIngnoreList(window.IgnoreList, match)) return;
 
-  const std::string row_key = "K" + std::to_string(window.lvInvalidLoc.Count() + 1);
-  if (ListItem* row =
-          window.lvInvalidLoc.Add(row_key, std::string(HkeyText(hive)).append("\\").append(key))) {
-    row->SetSubItem(kValueName, value_name);
-    row->SetSubItem(kValueData, value_data);
-    row->SetSubItem(kReason, reason);
-    row->SetSubItem(kValueType, std::to_string(static_cast<std::int32_t>(type)));
-    row->SetSubItem(kSelected, "1");
-    row->SetSubItem(kTestCode, window.CurrentLocation);
-  }
-  ++window.ProblemCount;
-  if (ListItem* status = window.lvScan.Item(window.CurrentLocation)) {
-    status->SetSubItem(2, WholeNumberText(LeadingNumber(status->SubItem(2).View()) + 1));
-  }
-  window.front_end.DoEvents();
-}
-
-void UpdStatus(frmMain& window, std::string_view a, std::string_view b) {
-  std::string text;
-  text.reserve(a.size() + 1 + b.size());
-  window.lblstatus.SetCaption(text.append(a).append("\\").append(b));
-  window.front_end.DoEvents();
+  AddFinding(window, {.location = std::string(HkeyText(hive)).append("\\").append(key),
+                      .value_name = value_name,
+                      .value_data = value_data,
+                      .reason = reason,
+                      .value_type = std::to_string(static_cast<std::int32_t>(type))});
 }
 
 void lvFound_Click(frmMain& window) {
@@ -101,14 +84,21 @@ void lvProblems_MouseUp(frmMain& window) {
   }
 }
 
+void lvProblems_ContextMenu(frmMain& window) {
+  if (window.lvProblems.SelectedItem() != nullptr) window.front_end.PopupMenu(window.mnuProblems);
+}
+
+void mnuOpenKey_Click(frmMain& window) {
+  const ListItem* selected = window.lvProblems.SelectedItem();
+  if (selected == nullptr) return;
+  ListItem* finding = window.lvInvalidLoc.Item(selected->Key().View());
+  if (finding == nullptr) return;
+  window.lvInvalidLoc.Select(finding);
+  window.lvInvalidLoc.DoubleClicked();
+}
+
 void lvInvalidLoc_ColumnClick(frmMain& window, int column) {
-  ListView& list = window.lvInvalidLoc;
-  if (column < 1 || column > static_cast<int>(list.columns.size())) return;
-  ColumnHeader& header = list.columns[static_cast<std::size_t>(column) - 1];
-  const bool descending = header.tag == "A";
-  header.tag = descending ? "D" : "A";
-  list.SortBy(column - 1, descending ? SortOrder::kDescending : SortOrder::kAscending);
-  list.SetSorted(true);
+  window.lvInvalidLoc.SortInTurns(column);
 }
 
 void lvInvalidLoc_DblClick(frmMain& window) {

@@ -7,6 +7,7 @@
 
 #include "platform/winapi.h"
 #include "window/finding_columns.h"
+#include "window/findings.h"
 #include "window/frmMain.h"
 
 namespace tidemark {
@@ -32,15 +33,16 @@ void LoadReasons(frmMain& window);
 void AddtoList(frmMain& window, HKEY hive, const std::string& key, const std::string& value_name,
                const std::string& value_data, DWORD type, std::string_view reason);
 
-// Shows "a\b" in the status label and yields.
-void UpdStatus(frmMain& window, std::string_view a, std::string_view b);
-
 // Fills lvProblems with the findings of the test that is selected in lvFound.
 void lvFound_Click(frmMain& window);
 // Writes a tick of lvProblems back to the finding.
 void lvProblems_ItemCheck(frmMain& window, const ListItem& item);
 // The selected row's value data becomes the list's tool tip.
 void lvProblems_MouseUp(frmMain& window);
+// Offers to open the selected finding's key in the registry editor.
+void lvProblems_ContextMenu(frmMain& window);
+// Does so, as a double click on the finding's row of lvInvalidLoc would.
+void mnuOpenKey_Click(frmMain& window);
 // Sorts by the column (from 1), ascending first, then in turns.
 void lvInvalidLoc_ColumnClick(frmMain& window, int column);
 // Opens the registry editor on the selected finding's key.

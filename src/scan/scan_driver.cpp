@@ -27,6 +27,7 @@ void ShowProgressForm(frmMain& window) {
   window.imgClose.SetEnabled(false);
   window.lblscanmsg(2).SetVisible(false);
   window.lblscanmsg(3).SetVisible(true);
+  window.AnmSearch.SetPlaying(true);
 }
 
 void ListCheckedTests(frmMain& window) {
@@ -163,13 +164,14 @@ void cmdScan_Click(frmMain& window) {
   if (window.lvScan.Count() == 0) {
     // The finish runs all the same, with the count of the scan before. On purpose.
     window.front_end.ShowMessage("No diagnostic test,  please select test to scan",
-                                 window.application.title);
+                                 window.application.title, MessageIcon::kInformation);
   } else {
     RunTests(window);
     ShowFindings(window);
   }
   ShowResultsPage(window);
   StoreStatistics(window);
+  window.AnmSearch.SetPlaying(false);
   window.imgClose.SetEnabled(true);
   window.ScanRunning = false;
 }

@@ -26,17 +26,19 @@ void Answer(frmMain& window, const char* answer) {
 
 void ShowAbout(frmMain& window) {
   if (!window.about) {
-    window.about = std::make_unique<frmAbout>();
+    window.about = std::make_unique<frmAbout>(window.application.folder);
     window.about->cmdOK.Clicked.Bind([&window] { CloseAbout(window); });
-    window.about->cmdSupport.Clicked.Bind(
-        [] { OpenWebPage("/support.php", "open", "1", "1", SW_SHOWMAXIMIZED); });
+    window.about->cmdSupport.Clicked.Bind([&window] {
+      OpenWebPage(window.front_end.WindowHandle(window.about->form), "/support.php", "open", "1",
+                  "1", SW_SHOWMAXIMIZED);
+    });
   }
   window.front_end.Show(window.about->form);
 }
 
 frmMessBox& MessBox(frmMain& window) {
   if (window.mess_box) return *window.mess_box;
-  window.mess_box = std::make_unique<frmMessBox>();
+  window.mess_box = std::make_unique<frmMessBox>(window.application.folder);
   frmMessBox& box = *window.mess_box;
   box.form.Load.Bind([&box] { box.form.SetTopmost(true); });
   box.cmdYes.Clicked.Bind([&window] { Answer(window, "YES"); });

@@ -2,25 +2,14 @@
 
 #include <string>
 
-#include "helpers/settings_key.h"
 #include "helpers/text_helpers.h"
 #include "platform/locale_texts.h"
-#include "platform/winapi.h"
-#include "registry/mdlRegistry.h"
 #include "scan/locations.h"
+#include "shell/stored_settings.h"
 #include "window/panels.h"
 
 namespace tidemark {
 namespace {
-
-std::string Setting(const char* name, const char* default_text) {
-  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, default_text);
-}
-
-// A number that does not fit leaves the old one.
-void TakeNumber(int& number, const std::string& text) {
-  number = RoundToLong(LeadingNumber(text)).value_or(number);
-}
 
 // A few open problems, 1 to 5, leave the picture as it is. On purpose.
 void ShowHealth(frmMain& window) {
@@ -43,9 +32,7 @@ void SetInitValues(frmMain& window) {
   window.lblLastscan.SetCaption(Setting("LastCount", "0"));
   ShowHealth(window);
   TakeNumber(window.ShowinSystray, Setting("ShowinSystray", "0"));
-  int select_all = window.chkSelectAll.Value();
-  TakeNumber(select_all, Setting("SelectAllLoc", "0"));
-  window.chkSelectAll.SetValue(select_all);
+  TakeNumber(window.chkSelectAll, Setting("SelectAllLoc", "0"));
   window.LoadOptions();
   LoadLocations(window);
   window.Loadbackup();
@@ -65,6 +52,15 @@ void SetStat(frmMain& window) {
   const auto date = ParseDate(window.LastRunDate);
   const std::string date_text = date ? LongDateText(*date) : window.LastRunDate;
   window.lblLastDate.SetCaption(date_text + " - " + window.LastRunTime);
+}
+
+int WorkProgress(const frmMain& window) {
+  if (window.ScanRunning) return window.pbarScan.Percent();
+  // The repair's stop button is there as long as the repair runs.
+  if (window.picClear.Visible() && window.cmdStopFix.Visible()) {
+    return window.ProgressBar2.Percent();
+  }
+  return -1;
 }
 
 }  // namespace tidemark

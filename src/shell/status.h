@@ -11,4 +11,7 @@ void SetInitValues(frmMain& window);
 // Reads the last run's time and date and the outstanding errors, and shows the first two.
 void SetStat(frmMain& window);
 
+// How far a running scan or repair is, in percent; -1 while none runs.
+int WorkProgress(const frmMain& window);
+
 }  // namespace tidemark

@@ -1,12 +1,20 @@
 #include "shell/wiring.h"
 
+#include "junk/junk.h"
+#include "repair/backups.h"
 #include "repair/repair.h"
 #include "scan/findings.h"
 #include "scan/locations.h"
 #include "scan/scan.h"
+#include "shell/dialogs.h"
 #include "shell/main_window.h"
+#include "shell/options.h"
 #include "shell/pages.h"
+#include "shell/scheduler.h"
 #include "shell/status.h"
+#include "shell/tray.h"
+#include "shortcuts/shortcuts.h"
+#include "startup/startup.h"
 
 namespace tidemark {
 namespace {
@@ -14,6 +22,7 @@ namespace {
 void BindForm(frmMain& window) {
   window.form.Load.Bind([&window] { Form_Load(window); });
   window.form.Unload.Bind([&window] { Form_Unload(window); });
+  window.form.Progress = [&window] { return WorkProgress(window); };
   window.SetInitValues.Bind([&window] { SetInitValues(window); });
 }
 
@@ -38,6 +47,51 @@ void BindScan(frmMain& window) {
   window.cmdBack.Clicked.Bind([&window] { cmdBack_Click(window); });
   window.cmdScan.Clicked.Bind([&window] { cmdScan_Click(window); });
   window.cmdStop.Clicked.Bind([&window] { cmdStop_Click(window); });
+  window.ShortCuts.Bind([&window] { ShortCuts(window); });
+}
+
+void BindOptions(frmMain& window) {
+  window.LoadOptions.Bind([&window] { LoadOptions(window); });
+  window.Scheduler.Bind([&window] { Scheduler(window); });
+  window.chkStartup.Clicked.Bind([&window] { chkStartup_Click(window); });
+  window.chkSystray.Clicked.Bind([&window] { chkSystray_Click(window); });
+  window.chkScheduler.Clicked.Bind([&window] { chkScheduler_Click(window); });
+  for (int index = 0; index < window.optSchedule.Count(); ++index) {
+    window.optSchedule(index).Clicked.Bind([&window] { optSchedule_Click(window); });
+  }
+  window.cmdOptApply.Clicked.Bind([&window] { cmdOptApply_Click(window); });
+  window.cmdOptCancel.Clicked.Bind([&window] { cmdOptCancel_Click(window); });
+  window.TmrScheduler.Tick.Bind([&window] { TmrScheduler_Timer(window); });
+}
+
+void BindTray(frmMain& window) {
+  window.AddTrayIcon.Bind([&window] { AddTrayIcon(window); });
+  window.RemoveTrayIcon.Bind([&window] { RemoveTrayIcon(window); });
+  window.form.MouseMove.Bind([&window](int button, int shift, double x, double y) {
+    Form_MouseMove(window, button, shift, x, y);
+  });
+  window.mnuOpen.Clicked.Bind([&window] { mnuOpen_Click(window); });
+  window.mnuTellafriend.Clicked.Bind([&window] { mnuTellafriend_Click(window); });
+  window.mnuHelp.Clicked.Bind([&window] { mnuHelp_Click(window); });
+  window.mnuAbout.Clicked.Bind([&window] { mnuAbout_Click(window); });
+}
+
+void BindBackups(frmMain& window) {
+  window.Loadbackup.Bind([&window] { Loadbackup(window); });
+  window.MakeMessBox.Bind([&window] { MessBox(window); });
+  window.cmdBakupReg.Clicked.Bind([&window] { cmdBakupReg_Click(window); });
+  window.cmdRestore.Clicked.Bind([&window] { cmdRestore_Click(window); });
+  window.cmdRemove.Clicked.Bind([&window] { cmdRemove_Click(window); });
+}
+
+void BindStartup(frmMain& window) {
+  window.loadPrograms.Bind([&window] { loadPrograms(window); });
+  window.lvPrograms.ItemChecked.Bind(
+      [&window](ListItem& item) { EnabledDisableProgram(window, item); });
+  window.lvPrograms.MouseUp.Bind([&window] { lvPrograms_MouseUp(window); });
+  window.lvPrograms.ContextMenu.Bind([&window] { lvPrograms_ContextMenu(window); });
+  window.mnuAddNew.Clicked.Bind([&window] { mnuAddNew_Click(window); });
+  window.mnuDeleteProgram.Clicked.Bind([&window] { mnuDeleteProgram_Click(window); });
 }
 
 void BindResults(frmMain& window) {
@@ -45,6 +99,8 @@ void BindResults(frmMain& window) {
   window.lvProblems.ItemChecked.Bind(
       [&window](ListItem& item) { lvProblems_ItemCheck(window, item); });
   window.lvProblems.MouseUp.Bind([&window] { lvProblems_MouseUp(window); });
+  window.lvProblems.ContextMenu.Bind([&window] { lvProblems_ContextMenu(window); });
+  window.mnuOpenKey.Clicked.Bind([&window] { mnuOpenKey_Click(window); });
   window.lvInvalidLoc.ColumnClicked.Bind(
       [&window](int column) { lvInvalidLoc_ColumnClick(window, column); });
   window.lvInvalidLoc.DoubleClicked.Bind([&window] { lvInvalidLoc_DblClick(window); });
@@ -54,6 +110,30 @@ void BindResults(frmMain& window) {
   window.cmdFinish.Clicked.Bind([&window] { cmdFinish_Click(window); });
 }
 
+void BindJunk(frmMain& window) {
+  window.LoadFileTypes.Bind([&window] { LoadFileTypes(window); });
+  window.LoadExcludeFolders.Bind([&window] { LoadExcludeFolders(window); });
+  window.cmdCleanJunk.Clicked.Bind([&window] { cmdCleanJunk_Click(window); });
+  window.tvDrives.NodeChecked.Bind([&window](TreeNode&) { SaveDrives(window, window.tvDrives); });
+  window.lvFileTypes.ItemChecked.Bind([&window](ListItem&) { SaveFileTypes(window); });
+  window.lvExcludeFolders.ItemChecked.Bind([&window](ListItem&) { SaveExcludeFolders(window); });
+  for (std::int16_t index = 0; index < window.cmdFileTypes.Count(); ++index) {
+    window.cmdFileTypes(index).Clicked.Bind([&window, index] { EditFileTypes(window, index); });
+  }
+  for (std::int16_t index = 0; index < window.cmdExcludeFolders.Count(); ++index) {
+    window.cmdExcludeFolders(index).Clicked.Bind(
+        [&window, index] { EditExcludeFolders(window, index); });
+  }
+  window.cmdJunkScan.Clicked.Bind([&window] { cmdJunkScan_Click(window); });
+  window.cmdJunkStop.Clicked.Bind([&window] { cmdJunkStop_Click(window); });
+  window.lvJunkFiles.ColumnClicked.Bind(
+      [&window](int column) { lvJunkFiles_ColumnClick(window, column); });
+  window.lvJunkFiles.DoubleClicked.Bind([&window] { lvJunkFiles_DblClick(window); });
+  for (int index = 0; index < window.cmdJunkFile.Count(); ++index) {
+    window.cmdJunkFile(index).Clicked.Bind([&window, index] { cmdJunkFile_Click(window, index); });
+  }
+}
+
 }  // namespace
 
 void BindHandlers(frmMain& window) {
@@ -61,6 +141,11 @@ void BindHandlers(frmMain& window) {
   BindPages(window);
   BindScan(window);
   BindResults(window);
+  BindOptions(window);
+  BindTray(window);
+  BindBackups(window);
+  BindJunk(window);
+  BindStartup(window);
 }
 
 }  // namespace tidemark

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "toolkit/event.h"
+#include "toolkit/font.h"
 #include "toolkit/text.h"
 
 namespace tidemark {
@@ -43,6 +44,12 @@ class Control {
   void SetEnabled(bool enabled) { enabled_ = enabled; }
   const Text& ToolTipText() const { return tool_tip_; }
   void SetToolTipText(Text text) { tool_tip_ = std::move(text); }
+  // What a screen reader says where the control shows no caption of its own: a picture, a list. An
+  // "&" stands before its access key, as in a caption.
+  const Text& AccessibleName() const { return accessible_name_; }
+  void SetAccessibleName(Text name) { accessible_name_ = std::move(name); }
+  const tidemark::Font& Font() const { return font_; }
+  void SetFont(const tidemark::Font& font) { font_ = font; }
   const Bounds& Place() const { return bounds_; }
   void SetPlace(const Bounds& bounds) { bounds_ = bounds; }
   void BringToFront();
@@ -54,6 +61,8 @@ class Control {
   bool visible_ = true;
   bool enabled_ = true;
   Text tool_tip_;
+  Text accessible_name_;
+  tidemark::Font font_;
   Bounds bounds_;
 };
 
@@ -64,7 +73,7 @@ class ClickControl : public Control {
   Event<> Clicked;
 
   // As a person's click: does nothing when the control is disabled.
-  void Click() {
+  virtual void Click() {
     if (Enabled()) Clicked();
   }
 };

@@ -13,6 +13,10 @@ template <class ControlType>
 class ControlGroup {
  public:
   explicit ControlGroup(std::string name) : name_(std::move(name)) {}
+  // With the members 0 to count - 1.
+  ControlGroup(std::string name, Control* container, int count) : name_(std::move(name)) {
+    for (int index = 0; index < count; ++index) Add(container, index);
+  }
 
   ControlType& Add(Control* container, int index) {
     auto& member = members_[index];

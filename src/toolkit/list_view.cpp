@@ -25,6 +25,12 @@ ListItem* ListView::Item(int index) {
   return order_[static_cast<std::size_t>(index) - 1];
 }
 
+int ListView::IndexOf(const ListItem* item) const {
+  const auto found = std::find(order_.begin(), order_.end(), item);
+  return item == nullptr || found == order_.end() ? 0
+                                                  : static_cast<int>(found - order_.begin()) + 1;
+}
+
 ListItem* ListView::Item(std::string_view key) {
   if (key.empty() || index_.empty()) return nullptr;
   const std::uint32_t row = index_[FindSlot(key, HashOf(key))].row;
@@ -51,8 +57,19 @@ ListItem* ListView::Add(Text key, Text caption) {
   return &row;
 }
 
+// In the index the row stays behind as one whose key nobody can ask for.
+void ListView::Remove(int index) {
+  ListItem* row = Item(index);
+  if (row == nullptr) return;
+  if (selected_ == row) selected_ = nullptr;
+  if (ensure_visible_ == row) ensure_visible_ = nullptr;
+  order_.erase(order_.begin() + (index - 1));
+  *row = ListItem();
+}
+
 // The index keeps its size: a list is often filled again with as many rows.
 void ListView::Clear() {
+  ++times_cleared_;
   selected_ = nullptr;
   ensure_visible_ = nullptr;
   order_.clear();
@@ -109,6 +126,15 @@ void ListView::SetSorted(bool sorted) {
   sorted_ = sorted;
 }
 
+void ListView::SortInTurns(int column) {
+  if (column < 1 || column > static_cast<int>(columns.size())) return;
+  ColumnHeader& header = columns[static_cast<std::size_t>(column) - 1];
+  const bool descending = header.tag == "A";
+  header.tag = descending ? "D" : "A";
+  SortBy(column - 1, descending ? SortOrder::kDescending : SortOrder::kAscending);
+  SetSorted(true);
+}
+
 void ListView::UserSelect(ListItem& item) {
   if (!Enabled()) return;
   selected_ = &item;
@@ -128,6 +154,12 @@ void ListView::UserColumnClick(int column) {
 
 void ListView::UserDoubleClick() {
   if (Enabled()) DoubleClicked();
+}
+
+void ListView::UserContextMenu(ListItem* item) {
+  if (!Enabled()) return;
+  if (item != nullptr) UserSelect(*item);
+  ContextMenu();
 }
 
 }  // namespace tidemark

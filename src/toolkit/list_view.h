@@ -53,9 +53,22 @@ class ListView : public Control {
   using Control::Control;
 
   std::vector<ColumnHeader> columns;
+  // Whether the columns' headings are shown on a screen; a table of texts always has them.
+  bool headings = true;
   bool check_boxes = false;
+  // The image list of the small icons: files below the program's folder, "\\images\\...", number 1
+  // first.
+  std::vector<std::string> small_icons;
 
-  Event<> Clicked;  // a click on a row, which is then the selected one
+  // The picture behind the rows; empty for none. A file that is missing leaves the old picture.
+  const std::string& PictureFile() const { return picture_file_; }
+  void LoadPicture(const std::string& file);
+  // Where the picture lies, by the platform's numbers: 0 top left, 5 tiled.
+  int PictureAlignment() const { return picture_alignment_; }
+  void SetPictureAlignment(int alignment) { picture_alignment_ = alignment; }
+
+  Event<> ContextMenu;  // the right mouse button, or the menu key, on the selected row
+  Event<> Clicked;      // a click on a row, which is then the selected one
   Event<ListItem&> ItemChecked;
   Event<int> ColumnClicked;  // the column, from 1
   Event<> DoubleClicked;
@@ -65,13 +78,20 @@ class ListView : public Control {
   // From 1 to Count(); null for another index.
   ListItem* Item(int index);
   const ListItem* Item(int index) const { return const_cast<ListView*>(this)->Item(index); }
+  // 0 when it is no row of the list. Walks the list.
+  int IndexOf(const ListItem* item) const;
   // Null when no row has the key. An empty key is no key.
   ListItem* Item(std::string_view key);
 
   // Adds a row at the end, or where the sort order puts it. Null, and nothing is added, when the
   // key is taken.
   ListItem* Add(Text key, Text caption);
+  // Takes the row at the index (from 1) out of the list; no row, nothing. The others stay where
+  // they are in memory, and so does this one, without a key and a place, until the list is cleared.
+  void Remove(int index);
   void Clear();
+  // How often the list has been cleared. Rows and their numbers mean nothing beyond the next time.
+  unsigned TimesCleared() const { return times_cleared_; }
 
   ListItem* SelectedItem() const { return selected_; }
   void Select(ListItem* item) { selected_ = item; }
@@ -86,6 +106,9 @@ class ListView : public Control {
   bool Sorted() const { return sorted_; }
   void SortBy(int sort_key, SortOrder order);
   void SetSorted(bool sorted);
+  // As a click on a column's heading (from 1) is answered: ascending first, then in turns; the
+  // column's tag, "A" or "D", remembers. Another column does nothing.
+  void SortInTurns(int column);
 
   // As a person does it: each changes the list, then raises the event. A disabled list does
   // nothing.
@@ -93,6 +116,8 @@ class ListView : public Control {
   void UserCheck(ListItem& item, bool checked);
   void UserColumnClick(int column);
   void UserDoubleClick();
+  // Selects the row first when there is one.
+  void UserContextMenu(ListItem* item);
 
  private:
   // Open addressing over the keys of rows_, a power of two in size. The hash stands beside the row,
@@ -114,6 +139,9 @@ class ListView : public Control {
   std::vector<Slot> index_;
   ListItem* selected_ = nullptr;
   ListItem* ensure_visible_ = nullptr;
+  std::string picture_file_;
+  int picture_alignment_ = 0;
+  unsigned times_cleared_ = 0;
   int sort_key_ = 0;
   SortOrder sort_order_ = SortOrder::kAscending;
   bool sorted_ = false;

@@ -7,13 +7,14 @@ namespace tidemark {
 
 // Shown for the first 1500 milliseconds of the program.
 struct frmSplash {
-  frmSplash() { form.SetCaption("Tidemark!"); }
+  explicit frmSplash(const std::string& program_folder);
   Form form{"frmSplash"};
 };
 
 struct frmAbout {
-  frmAbout();
+  explicit frmAbout(const std::string& program_folder);
   Form form{"frmAbout"};
+  ImageBox imgAbout{&form, "imgAbout"};
   Label lblTitle{&form, "lblTitle"};
   Label lblVersion{&form, "lblVersion"};
   CommandButton cmdOK{&form, "cmdOK"};
@@ -23,8 +24,10 @@ struct frmAbout {
 // The question box. It is shown without modality: who asks sets MessBoxAnswer to "EMPTY" and yields
 // until it says "YES" or "NO".
 struct frmMessBox {
-  frmMessBox();
+  explicit frmMessBox(const std::string& program_folder);
   Form form{"frmMessBox"};
+  ImageBox imgBanner{&form, "imgBanner"};  // the two decorations
+  ImageBox imgMark{&form, "imgMark"};
   Label lblMessage{&form, "lblMessage"};
   CommandButton cmdYes{&form, "cmdYes"};
   CommandButton cmdNo{&form, "cmdNo"};

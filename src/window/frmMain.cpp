@@ -1,6 +1,7 @@
 #include "window/frmMain.h"
 
 #include <initializer_list>
+#include <string>
 #include <utility>
 
 #include "window/places.h"
@@ -8,21 +9,70 @@
 namespace tidemark {
 namespace {
 
+constexpr Font kHeading{.tenths_of_points = 97, .bold = true};
+constexpr Font kFigure{.tenths_of_points = 180, .bold = true};
+
+// The columns of some lists are measured in hundredths of a millimetre.
+constexpr int Twips(int hundredths_of_millimetre) {
+  return (hundredths_of_millimetre * 1440 + 1270) / 2540;
+}
+
+struct Named {
+  Control& control;
+  const char* name;
+};
+
+// Names for screen readers; the letter behind an "&" is the access key.
+void NameControls(std::initializer_list<Named> controls) {
+  for (const Named& named : controls) named.control.SetAccessibleName(named.name);
+}
+
 void DesignWindow(frmMain& window) {
   window.form.SetCaption("Tidemark! - Keep Your PC In Trim!");
+  window.form.SetPictureFile(window.application.folder + "\\images\\background.jpg");
   for (Control* panel : std::initializer_list<Control*>{
            &window.picWelcome, &window.picScan, &window.picClear, &window.picOptions,
-           &window.picJunkScan, &window.picScaningJunk, &window.picAbout}) {
+           &window.picJunkCriteria, &window.picJunkScan, &window.picScaningJunk,
+           &window.picAbout}) {
     panel->SetVisible(panel == &window.picWelcome);
   }
   for (int index = 0; index <= 4; ++index) window.imgtoolbar.Add(&window.form, index);
+  window.Image1.SetVisible(false);
+  window.Image1.SetPictureFile(window.application.folder + "\\images\\tidemark.ico");
+  const std::string images = window.application.folder + "\\images\\";
+  window.cmdMenuHome.SetPictureFile(images + "overview2.jpg");
+  window.cmdMenuScan.SetPictureFile(images + "RegistryScan.jpg");
+  window.cmdMenuBackups.SetPictureFile(images + "backup.jpg");
+  window.cmdMenuAdvanced.SetPictureFile(images + "settings.jpg");
+  NameControls({{window.cmdMenuHome, "&Home"},
+                {window.cmdMenuScan, "Registry &Scan"},
+                {window.cmdMenuBackups, "&Backups"},
+                {window.cmdMenuAdvanced, "Ad&vanced"}});
+}
+
+void DesignMenus(frmMain& window) {
+  window.mnuOpen.SetCaption("Open");
+  window.mnuspe1.SetCaption("-");
+  window.mnuTellafriend.SetCaption("Tell a Friend");
+  window.mnuHelp.SetCaption("Help");
+  window.mnuAbout.SetCaption("About");
+  window.mnuOpenKey.SetCaption("&Open in Registry Editor");
+  window.mnuAddNew.SetCaption("&Write Entry Back");
+  window.mnuDeleteProgram.SetCaption("&Delete Entry...");
 }
 
 void DesignHome(frmMain& window) {
   window.lblLastscanCaption.SetCaption("Errors Found on Last Scan");
   window.lblTotaltodateCaption.SetCaption("Total to date");
-  window.cmdScanNow.SetCaption("Scan Now");
-  window.cmdTellaFriend.SetCaption("Tell a Friend");
+  for (Label* caption : {&window.lblLastscanCaption, &window.lblTotaltodateCaption}) {
+    caption->SetFont(kHeading);
+  }
+  for (Label* figure : {&window.lblLastscan, &window.lblTotaltodate}) figure->SetFont(kFigure);
+  window.cmdScanNow.SetCaption("Scan &Now");
+  window.cmdScanNow.SetDefault(true);
+  window.cmdCleanJunk.SetCaption("Clean &Junk Files");
+  window.cmdTellaFriend.SetCaption("&Tell a Friend");
+  NameControls({{window.IMGRegistryStatus, "Registry health"}});
 }
 
 void DesignScan(frmMain& window) {
@@ -33,31 +83,42 @@ void DesignScan(frmMain& window) {
           "'Scan'");
   window.lblscanmsg.Add(&window.picScan, 2).SetCaption("Diagnostic tests to perform");
   window.lblscanmsg.Add(&window.picScan, 3).SetCaption("Diagnostic tests in progress");
+  window.lblscanmsg(2).SetFont(kHeading);
+  window.lblscanmsg(3).SetFont(kHeading);
   window.lblscanmsg(3).SetVisible(false);
-  window.lvLocations.columns = {{"Diagnostic Test", 3200, {}}, {"Description", 6600, {}}};
+  window.lvLocations.columns = {{"Diagnostic Test", 3200, {}}, {"Description", 6400, {}}};
   window.lvLocations.check_boxes = true;
   window.lvScan.columns = {
-      {"Diagnostic Test", 4600, {}}, {"Status", 2600, {}}, {"Problems Found", 2600, {}}};
-  window.chkSelectAll.SetCaption("Select all");
-  window.cmdBack.SetCaption("Back");
-  window.cmdScan.SetCaption("Scan");
-  window.cmdStop.SetCaption("Stop");
+      {"Diagnostic Test", 4600, {}}, {"Status", 2500, {}}, {"Problems Found", 2500, {}}};
+  window.lvScan.small_icons = {"\\images\\scan1.ico", "\\images\\scan2.ico"};
+  window.chkSelectAll.SetCaption("Select a&ll");
+  window.cmdBack.SetCaption("Bac&k");
+  window.cmdScan.SetCaption("S&can");
+  window.cmdScan.SetDefault(true);
+  window.cmdStop.SetCaption("Sto&p");
   window.cmdStop.SetVisible(false);
   window.pbarScan.SetColor(0xFF773D);
+  window.AnmSearch.SetPictureFile(window.application.folder + "\\images\\searching.jpg");
+  NameControls({{window.lvLocations, "Diagnostic tests to perform"},
+                {window.lvScan, "Diagnostic tests in progress"},
+                {window.pbarScan, "Progress of the scan"}});
 }
 
 void DesignResults(frmMain& window) {
+  window.lblFound.SetFont(kHeading);
   window.lblinfo3.SetCaption(
       "Below are the results from the scan to Remove all Errors found, please click the 'Repair' "
-      "button "
-      "below");
+      "button below");
   window.lblsinfo.SetCaption("You can select or deselect the errors you wish Tidemark to fix!");
   window.lvFound.columns = {
-      {"Diagnostic Test", 4600, {}}, {"Problems Found", 2600, {}}, {"Severity", 2600, {}}};
-  window.lvProblems.columns = {{"Invalid data location", 4200, {}},
-                               {"Value name", 1500, {}},
-                               {"Value Data", 2600, {}},
-                               {"Reason", 1900, {}},
+      {"Diagnostic Test", 4600, {}}, {"Problems Found", 2500, {}}, {"Severity", 2500, {}}};
+  for (int severity = 1; severity <= 5; ++severity) {
+    window.lvFound.small_icons.push_back("\\images\\severity" + std::to_string(severity) + ".ico");
+  }
+  window.lvProblems.columns = {{"Invalid data location", 4050, {}},
+                               {"Value name", 1200, {}},
+                               {"Value Data", 2250, {}},
+                               {"Reason", 1600, {}},
                                {"Type", 600, {}},
                                {"Selected", 0, {}},
                                {"loc", 0, {}}};
@@ -69,20 +130,132 @@ void DesignResults(frmMain& window) {
                                  {"Value Type", 600, {}},
                                  {"selected", 400, {}},
                                  {"test", 400, {}}};
-  window.cmdFix.SetCaption("Repair");
-  window.cmdCancel.SetCaption("Cancel");
-  window.cmdStopFix.SetCaption("Stop");
+  window.cmdFix.SetCaption("&Repair");
+  window.cmdCancel.SetCaption("&Cancel");
+  window.cmdStopFix.SetCaption("Sto&p");
   window.cmdStopFix.SetVisible(false);
-  window.cmdFinish.SetCaption("Finish");
+  window.cmdFinish.SetCaption("&Finish");
   window.cmdFinish.SetVisible(false);
   window.ProgressBar2.SetColor(255);
+  window.Animation1.SetPictureFile(window.application.folder + "\\images\\searching.jpg");
+  NameControls({{window.lvFound, "Diagnostic tests with problems"},
+                {window.lvProblems, "Problems found"},
+                {window.ProgressBar2, "Progress of the repair"}});
+}
+
+void DesignOptions(frmMain& window) {
+  window.lblStartupTitle.SetCaption("Start-up");
+  window.chkStartup.SetCaption("Start Tidemark when &Windows starts");
+  window.chkSystray.SetCaption("Show in the system &tray only when it starts");
+  window.lblSchedulerTitle.SetCaption("Schedule");
+  window.chkScheduler.SetCaption("A&uto Scan && Fix");
+  constexpr std::array kSchedules = {"Every &30 minutes", "Every Hou&r", "Once a &Day",
+                                     "Once a W&eek"};
+  for (int index = 0; index < static_cast<int>(kSchedules.size()); ++index) {
+    window.optSchedule.Add(&window.picAdvOptions(0), index)
+        .SetCaption(kSchedules[static_cast<std::size_t>(index)]);
+  }
+  for (Label* title : {&window.lblStartupTitle, &window.lblSchedulerTitle}) {
+    title->SetFont(kHeading);
+  }
+  window.cmdOptApply.SetCaption("Appl&y");
+  window.cmdOptCancel.SetCaption("&Cancel");
+  window.TmrScheduler.SetInterval(60000);
+  window.TmrScheduler.SetEnabled(false);
 }
 
 void DesignTabs(frmMain& window) {
-  for (int tab = 0; tab <= 3; ++tab) window.lblOptions.Add(&window.picOptions, tab);
-  for (int tab = 0; tab <= 2; ++tab) {
-    window.picAdvOptions.Add(&window.picOptions, tab).SetVisible(false);
+  constexpr std::array kTabs = {"&Options", "Backups", "Startup &Programs", "Tell a Friend"};
+  for (int tab = 0; tab < static_cast<int>(kTabs.size()); ++tab) {
+    Label& label = window.lblOptions.Add(&window.picOptions, tab);
+    label.SetTransparent(true);
+    label.SetAccessibleName(kTabs[static_cast<std::size_t>(tab)]);
   }
+  for (int tab = 0; tab <= 2; ++tab) window.picAdvOptions(tab).SetVisible(false);
+
+  window.File1.SetPattern("*.reg");
+  window.lblscanmsg.Add(&window.picAdvOptions(1), 5).SetCaption("Registry backups and undo files");
+  window.lblscanmsg(5).SetFont(kHeading);
+  window.lblscanmsg.Add(&window.picAdvOptions(1), 6)
+      .SetCaption("Restoring a file puts its entries back into the registry; the file is used up.");
+  window.LvBackup.columns = {{"Backup Description:", 6000, {}}, {"Backup Date/Time:", 3600, {}}};
+  window.LvBackup.small_icons = {"\\images\\scan1.ico", "\\images\\scan2.ico",
+                                 "\\images\\backup.ico"};
+  window.cmdBakupReg.SetCaption("Backup Re&gistry");
+  window.cmdRestore.SetCaption("&Restore");
+  window.cmdRemove.SetCaption("Re&move");
+
+  // The heading of the list, whose own is not shown; the blanks bring its words above the columns.
+  window.Label3.SetCaption("Program Name:" + std::string(24, ' ') +
+                           "Command Line:" + std::string(85, ' ') + "Exists:");
+  window.lvPrograms.headings = false;
+  window.lvPrograms.columns = {{"Name", Twips(3704), {}},   {"Command Line", Twips(8643), {}},
+                               {"Exists", Twips(1058), {}}, {"Section", 0, {}},
+                               {"Status", 0, {}},           {"type", 0, {}}};
+  window.lvPrograms.check_boxes = true;
+  NameControls({{window.LvBackup, "Registry backups and undo files"},
+                {window.lvPrograms, "Programs that start with Windows"}});
+}
+
+void DesignJunkCriteria(frmMain& window) {
+  window.lblJunkTitle.SetCaption("Junk files");
+  // The results lie on its left edge and would cut a frame open.
+  window.picJunkCriteria.SetBorderStyle(0);
+  window.lblDrives.SetCaption("Drives to scan");
+  window.tvDrives.check_boxes = true;
+  for (int image = 1; image <= 5; ++image) {
+    window.tvDrives.images.push_back("\\images\\drive" + std::to_string(image) + ".ico");
+  }
+  window.lblFileTypes.SetCaption("Files that count as junk");
+  window.lblExcludeFolders.SetCaption("Folders that are left alone");
+  for (Label* title :
+       {&window.lblJunkTitle, &window.lblDrives, &window.lblFileTypes, &window.lblExcludeFolders}) {
+    title->SetFont(kHeading);
+  }
+  window.lvFileTypes.columns = {{"File Type", 1800, {}}, {"Description", 3500, {}}};
+  window.lvExcludeFolders.columns = {{"Folder", 2600, {}}, {"Description", 2700, {}}};
+  window.lvFileTypes.check_boxes = window.lvExcludeFolders.check_boxes = true;
+  constexpr std::array kEdits = {"&Add...", "&Edit...", "&Remove", "Rever&t"};
+  for (int index = 0; index < static_cast<int>(kEdits.size()); ++index) {
+    window.cmdFileTypes.Add(&window.picJunkCriteria, index)
+        .SetCaption(kEdits[static_cast<std::size_t>(index)]);
+  }
+  constexpr std::array kFolderEdits = {"A&dd...", "Ed&it...", "Re&move"};
+  for (int index = 0; index < static_cast<int>(kFolderEdits.size()); ++index) {
+    window.cmdExcludeFolders.Add(&window.picJunkCriteria, index)
+        .SetCaption(kFolderEdits[static_cast<std::size_t>(index)]);
+  }
+  window.FolderPicker.SetVisible(false);
+  window.cmdJunkScan.SetCaption("S&can");
+  NameControls({{window.tvDrives, "Drives to scan"},
+                {window.lvFileTypes, "Files that count as junk"},
+                {window.lvExcludeFolders, "Folders that are left alone"}});
+}
+
+void DesignJunkResults(frmMain& window) {
+  window.lvJunkFiles.columns = {
+      {"Name", Twips(8819), {}},          {"Size(Bytes)", Twips(1764), {}},
+      {"Type", Twips(1764), {}},          {"Date Created", Twips(1764), {}},
+      {"Date Modyfied", Twips(2540), {}}, {"Attributes", Twips(2540), {}}};
+  window.lvJunkFiles.check_boxes = true;
+  window.PbarRemoveJunk.SetVisible(false);
+  constexpr std::array kActions = {"Tick &all files",      "&Clear all ticks",  "&Invert the ticks",
+                                   "&Remove ticked files", "Remove all &files", "&Leave this page"};
+  for (int index = 0; index < static_cast<int>(kActions.size()); ++index) {
+    const std::string name = kActions[static_cast<std::size_t>(index)];
+    xpcmdbutton& button = window.cmdJunkFile.Add(&window.picJunkScan, index);
+    button.SetCaption("");
+    button.SetAccessibleName(name);
+    std::string tip = name;
+    std::erase(tip, '&');
+    button.SetToolTipText(tip);
+  }
+  window.lblScaningJunk.SetCaption("Looking for junk files...");
+  window.lblScaningJunk.SetFont(kHeading);
+  window.Animation2.SetPictureFile(window.application.folder + "\\images\\searching.jpg");
+  window.cmdJunkStop.SetCaption("Sto&p");
+  NameControls({{window.lvJunkFiles, "Junk files found"},
+                {window.PbarRemoveJunk, "Progress of the removal"}});
 }
 
 }  // namespace
@@ -90,26 +263,15 @@ void DesignTabs(frmMain& window) {
 frmMain::frmMain(FrontEnd& the_front_end, Application the_application)
     : front_end(the_front_end), application(std::move(the_application)) {
   DesignWindow(*this);
+  DesignMenus(*this);
   DesignHome(*this);
   DesignScan(*this);
   DesignResults(*this);
+  DesignOptions(*this);
   DesignTabs(*this);
+  DesignJunkCriteria(*this);
+  DesignJunkResults(*this);
   PlaceControls(*this);
-}
-
-frmAbout::frmAbout() {
-  form.SetCaption("About Tidemark!");
-  lblTitle.SetCaption("Tidemark!");
-  lblVersion.SetCaption("2.1.0");
-  cmdOK.SetCaption("OK");
-  cmdSupport.SetCaption("Contact Online Support");
-}
-
-frmMessBox::frmMessBox() {
-  form.SetCaption("Tidemark! - Message!");
-  cmdYes.SetCaption("Yes");
-  cmdNo.SetCaption("No");
-  cmdOK.SetCaption("OK");
 }
 
 }  // namespace tidemark

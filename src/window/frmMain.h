@@ -8,12 +8,20 @@
 #include <memory>
 #include <string>
 
+#include "controls/GetFolder.h"
 #include "controls/xp_progress_bar.h"
+#include "controls/xpcmdbutton.h"
 #include "helpers/ignore_list.h"
 #include "toolkit/control_group.h"
 #include "toolkit/controls.h"
+#include "toolkit/file_list_box.h"
 #include "toolkit/front_end.h"
 #include "toolkit/list_view.h"
+#include "toolkit/menu.h"
+#include "toolkit/option_button.h"
+#include "toolkit/timer.h"
+#include "toolkit/tray_icon.h"
+#include "toolkit/tree_view.h"
 #include "window/application.h"
 #include "window/dialogs.h"
 
@@ -39,6 +47,20 @@ struct frmMain {
   ImageBox imgMin{&form, "imgMin"};
   Label lblTitle{&form, "lblTitle"};
   ListView lvInvalidLoc{&form, "lvInvalidLoc"};  // the master list of findings
+  ImageBox Image1{&form, "Image1"};              // the program's icon, hidden
+
+  // The tray icon's menu, and those of the lists.
+  Menu mnusystray{&form, "mnusystray"};
+  MenuItem mnuOpen{&mnusystray, "mnuOpen"};
+  MenuItem mnuspe1{&mnusystray, "mnuspe1"};
+  MenuItem mnuTellafriend{&mnusystray, "mnuTellafriend"};
+  MenuItem mnuHelp{&mnusystray, "mnuHelp"};
+  MenuItem mnuAbout{&mnusystray, "mnuAbout"};
+  Menu mnuProblems{&form, "mnuProblems"};
+  MenuItem mnuOpenKey{&mnuProblems, "mnuOpenKey"};
+  Menu mnuPrograms{&form, "mnuPrograms"};
+  MenuItem mnuAddNew{&mnuPrograms, "mnuAddNew"};
+  MenuItem mnuDeleteProgram{&mnuPrograms, "mnuDeleteProgram"};
 
   // Home.
   PictureBox picWelcome{&form, "picWelcome"};
@@ -50,10 +72,11 @@ struct frmMain {
   Label lblLastDate{&picWelcome, "lblLastDate"};
   CommandButton cmdScanNow{&picWelcome, "cmdScanNow"};
   CommandButton cmdTellaFriend{&picWelcome, "cmdTellaFriend"};
+  CommandButton cmdCleanJunk{&picWelcome, "cmdCleanJunk"};
 
   // Scan: the selection and the progress share the panel.
   PictureBox picScan{&form, "picScan"};
-  ControlGroup<Label> lblscanmsg{"lblscanmsg"};   // 1 to 3
+  ControlGroup<Label> lblscanmsg{"lblscanmsg"};   // 1 to 3; 5 and 6 on the Backups tab
   ListView lvScan{&picScan, "lvScan"};            // the status list
   ListView lvLocations{&picScan, "lvLocations"};  // the selection list, at the same place
   CheckBox chkSelectAll{&picScan, "chkSelectAll"};
@@ -76,18 +99,63 @@ struct frmMain {
   CommandButton cmdFix{&picClear, "cmdFix"};
   CommandButton cmdCancel{&picClear, "cmdCancel"};
   CommandButton cmdStopFix{&picClear, "cmdStopFix"};
-  CommandButton cmdFinish{&picClear, "cmdFinish"};
+  xpcmdbutton cmdFinish{&picClear, "cmdFinish"};
 
   // Advanced and Backups: a tab frame with a panel for each tab.
   PictureBox picOptions{&form, "picOptions"};
   ImageBox picopttoolback{&picOptions, "picopttoolback"};
-  ControlGroup<Label> lblOptions{"lblOptions"};             // 0 to 3
-  ControlGroup<PictureBox> picAdvOptions{"picAdvOptions"};  // 0 to 2
+  ControlGroup<Label> lblOptions{"lblOptions"};  // 0 to 3
+  ControlGroup<PictureBox> picAdvOptions{"picAdvOptions", &picOptions, 3};
 
-  // Junk files, and a panel that nothing shows.
+  // Tab 0: options.
+  Label lblStartupTitle{&picAdvOptions(0), "lblStartupTitle"};
+  CheckBox chkStartup{&picAdvOptions(0), "chkStartup"};
+  CheckBox chkSystray{&picAdvOptions(0), "chkSystray"};
+  Label lblSchedulerTitle{&picAdvOptions(0), "lblSchedulerTitle"};
+  CheckBox chkScheduler{&picAdvOptions(0), "chkScheduler"};
+  ControlGroup<OptionButton> optSchedule{"optSchedule"};  // 0 to 3
+  CommandButton cmdOptApply{&picAdvOptions(0), "cmdOptApply"};
+  CommandButton cmdOptCancel{&picAdvOptions(0), "cmdOptCancel"};
+  Timer TmrScheduler{&picAdvOptions(0), "TmrScheduler"};
+
+  // Tab 1: backups.
+  FileListBox File1{&picAdvOptions(1), "File1"};
+  ListView LvBackup{&picAdvOptions(1), "LvBackup"};
+  CommandButton cmdBakupReg{&picAdvOptions(1), "cmdBakupReg"};
+  CommandButton cmdRestore{&picAdvOptions(1), "cmdRestore"};
+  CommandButton cmdRemove{&picAdvOptions(1), "cmdRemove"};
+
+  // Tab 2: the programs that start with Windows.
+  Label Label3{&picAdvOptions(2), "Label3"};
+  ListView lvPrograms{&picAdvOptions(2), "lvPrograms"};
+
+  // Junk files: what to look for and where.
+  PictureBox picJunkCriteria{&form, "picJunkCriteria"};
+  Label lblJunkTitle{&picJunkCriteria, "lblJunkTitle"};
+  Label lblDrives{&picJunkCriteria, "lblDrives"};
+  TreeView tvDrives{&picJunkCriteria, "tvDrives"};
+  Label lblFileTypes{&picJunkCriteria, "lblFileTypes"};
+  ListView lvFileTypes{&picJunkCriteria, "lvFileTypes"};
+  ControlGroup<CommandButton> cmdFileTypes{"cmdFileTypes"};  // 0 add, 1 edit, 2 remove, 3 revert
+  Label lblExcludeFolders{&picJunkCriteria, "lblExcludeFolders"};
+  ListView lvExcludeFolders{&picJunkCriteria, "lvExcludeFolders"};
+  ControlGroup<CommandButton> cmdExcludeFolders{"cmdExcludeFolders"};   // 0 add, 1 edit, 2 remove
+  GetFolder FolderPicker{&picJunkCriteria, "FolderPicker", front_end};  // hidden: its dialog asks
+  CommandButton cmdJunkScan{&picJunkCriteria, "cmdJunkScan"};
+
+  // Junk files: what was found, and the panel of a running scan.
   PictureBox picJunkScan{&form, "picJunkScan"};
-  PictureBox picScaningJunk{&form, "picScaningJunk"};
-  PictureBox picAbout{&form, "picAbout"};
+  Label lblJunkStatus{&picJunkScan, "lblJunkStatus"};
+  ListView lvJunkFiles{&picJunkScan, "lvJunkFiles"};
+  ProgressBar PbarRemoveJunk{&picJunkScan, "PbarRemoveJunk"};
+  // 0 tick all, 1 clear all, 2 invert, 3 remove the ticked ones, 4 remove all, 5 leave the page
+  ControlGroup<xpcmdbutton> cmdJunkFile{"cmdJunkFile"};
+  PictureBox picScaningJunk{&picJunkScan, "picScaningJunk"};
+  Label lblScaningJunk{&picScaningJunk, "lblScaningJunk"};
+  Animation Animation2{&picScaningJunk, "Animation2"};
+  xpcmdbutton cmdJunkStop{&picScaningJunk, "cmdJunkStop"};
+
+  PictureBox picAbout{&form, "picAbout"};  // nothing shows it
 
   // State of a scan or a repair.
   bool ScanRunning = false;
@@ -105,6 +173,17 @@ struct frmMain {
   std::string LastRunDate;
   std::string OutstandingErrors;
   int ShowinSystray = 0;  // 1: the window starts hidden
+  TrayIcon TrayData;
+  bool AutoRunActive = false;  // a scheduled run is under way; nothing reads it
+
+  // The junk criteria as they were last loaded or saved, entries divided by ";".
+  std::string FileTypes;
+  std::string FileDesc;
+  std::string FileState;
+  std::string ExcludeFolder;
+  std::string ExcludeDesc;
+  std::string ExcludeState;
+  std::string SelectedFileTypes;  // the ticked patterns of a running junk scan
 
   // Texts that are filled with the reasons and that nothing reads.
   struct MessageTexts {
@@ -128,6 +207,7 @@ struct frmMain {
   Event<> ShortCuts;
   Event<> AddTrayIcon;
   Event<> RemoveTrayIcon;
+  Event<> MakeMessBox;  // makes mess_box, its buttons bound, unless there is one
 };
 
 }  // namespace tidemark

@@ -13,6 +13,10 @@ void HideAllFrames(frmMain& window);
 // Gives all four page buttons their plain picture back.
 void HighLightButtons(frmMain& window);
 
+// Loads the faces and the pictures of the self-drawn buttons; without the files they have the faces
+// that are built in.
+void LoadButtonPictures(frmMain& window);
+
 // Does nothing, on purpose: a scan calls it at the place where controls could be locked.
 void CtlStatus(frmMain& window, bool enabled);
 

@@ -16,10 +16,10 @@ void Place(std::initializer_list<Placed> controls) {
 
 void PlaceOnForm(frmMain& window) {
   Place({{window.form, {0, 0, 11670, 7425}},
-         {window.cmdMenuHome, {600, 300, 2400, 900}},
-         {window.cmdMenuScan, {3100, 300, 2400, 900}},
-         {window.cmdMenuBackups, {5600, 300, 2400, 900}},
-         {window.cmdMenuAdvanced, {8100, 300, 2400, 900}},
+         {window.cmdMenuHome, {600, 225, 2490, 1005}},
+         {window.cmdMenuScan, {3275, 225, 2490, 1005}},
+         {window.cmdMenuBackups, {5950, 225, 2490, 1005}},
+         {window.cmdMenuAdvanced, {8625, 225, 2490, 1005}},
          {window.lblTitle, {0, 9000, 3000, 300}},
          {window.imgClose, {3200, 9000, 300, 300}},
          {window.imgMin, {3600, 9000, 300, 300}},
@@ -29,53 +29,107 @@ void PlaceOnForm(frmMain& window) {
   }
   for (Control* panel : std::initializer_list<Control*>{
            &window.picWelcome, &window.picScan, &window.picClear, &window.picOptions,
-           &window.picJunkScan, &window.picScaningJunk, &window.picAbout}) {
+           &window.picJunkCriteria, &window.picJunkScan, &window.picAbout}) {
     panel->SetPlace({600, 1440, 10515, 5415});
   }
 }
 
-void PlaceOnPanels(frmMain& window) {
-  Place({{window.IMGRegistryStatus, {300, 300, 3000, 3000}},
-         {window.lblLastscanCaption, {3900, 600, 3600, 300}},
-         {window.lblLastscan, {7700, 600, 2000, 300}},
-         {window.lblTotaltodateCaption, {3900, 1200, 3600, 300}},
-         {window.lblTotaltodate, {7700, 1200, 2000, 300}},
-         {window.lblLastDate, {3900, 1800, 6000, 300}},
-         {window.cmdScanNow, {3900, 4600, 2000, 450}},
-         {window.cmdTellaFriend, {6200, 4600, 2000, 450}}});
+void PlaceHome(frmMain& window) {
+  Place({{window.IMGRegistryStatus, {450, 600, 3600, 3600}},
+         {window.lblLastscanCaption, {4650, 900, 3600, 285}},
+         {window.lblLastscan, {8250, 780, 1800, 480}},
+         {window.lblTotaltodateCaption, {4650, 1650, 3600, 285}},
+         {window.lblTotaltodate, {8250, 1530, 1800, 480}},
+         {window.lblLastDate, {4650, 2400, 5600, 285}},
+         {window.cmdScanNow, {4650, 3450, 2400, 525}},
+         {window.cmdCleanJunk, {7350, 3450, 2400, 525}},
+         {window.cmdTellaFriend, {7350, 4575, 2400, 420}}});
+}
 
-  constexpr Bounds kScanList = {200, 840, 10100, 2880};
-  Place({{window.lblscanmsg(1), {200, 120, 10100, 270}},
-         {window.lblscanmsg(2), {200, 480, 10100, 270}},
-         {window.lblscanmsg(3), {200, 480, 10100, 270}},
+void PlaceScan(frmMain& window) {
+  // All twelve tests are in view.
+  constexpr Bounds kScanList = {225, 645, 10065, 3525};
+  Place({{window.lblscanmsg(1), {225, 105, 9450, 240}},
+         {window.lblscanmsg(2), {225, 360, 9450, 255}},
+         {window.lblscanmsg(3), {225, 360, 9450, 255}},
          {window.lvLocations, kScanList},
          {window.lvScan, kScanList},
-         {window.chkSelectAll, {200, 3800, 3000, 270}},
-         {window.AnmSearch, {9200, 3760, 1100, 450}},
-         {window.pbarScan, {200, 4260, 10100, 270}},
-         {window.lblstatus, {200, 4590, 10100, 270}},
-         {window.cmdBack, {200, 4920, 1500, 420}},
-         {window.cmdScan, {8800, 4920, 1500, 420}},
-         {window.cmdStop, {8800, 4920, 1500, 420}}});
+         {window.chkSelectAll, {225, 4215, 3000, 255}},
+         {window.AnmSearch, {9810, 120, 480, 480}},
+         {window.pbarScan, {225, 4500, 10065, 195}},
+         {window.lblstatus, {225, 4710, 10065, 210}},
+         {window.cmdBack, {225, 4935, 1575, 390}},
+         {window.cmdScan, {8715, 4935, 1575, 390}},
+         {window.cmdStop, {8715, 4935, 1575, 390}}});
+}
 
-  Place({{window.lblFound, {200, 60, 5000, 270}},
-         {window.lblinfo3, {200, 345, 10100, 270}},
-         {window.lvFound, {200, 645, 10100, 1500}},
-         {window.lblsinfo, {200, 2205, 10100, 270}},
-         {window.lvProblems, {200, 2505, 10100, 1950}},
-         {window.ProgressBar2, {200, 4530, 8800, 270}},
-         {window.Animation1, {9200, 4500, 1100, 360}},
-         {window.cmdFix, {200, 4920, 1500, 420}},
-         {window.cmdStopFix, {200, 4920, 1500, 420}},
-         {window.cmdCancel, {1900, 4920, 1500, 420}},
-         {window.cmdFinish, {8800, 4920, 1500, 420}}});
+void PlaceResults(frmMain& window) {
+  Place({{window.lblFound, {225, 75, 6000, 330}},
+         {window.lblinfo3, {225, 420, 10065, 255}},
+         {window.lvFound, {225, 705, 10065, 1470}},
+         {window.lblsinfo, {225, 2250, 10065, 255}},
+         {window.lvProblems, {225, 2535, 10065, 1935}},
+         {window.ProgressBar2, {225, 4560, 9450, 240}},
+         {window.Animation1, {9810, 4485, 480, 480}},
+         {window.cmdFix, {225, 4905, 1575, 390}},
+         {window.cmdStopFix, {225, 4905, 1575, 390}},
+         {window.cmdCancel, {1995, 4905, 1575, 390}},
+         {window.cmdFinish, {8160, 4905, 1575, 390}}});
+}
 
+void PlaceTabs(frmMain& window) {
   window.picopttoolback.SetPlace({0, 0, 10515, 480});
   for (int tab = 0; tab < window.lblOptions.Count(); ++tab) {
-    window.lblOptions(tab).SetPlace({tab * 2600, 0, 2600, 480});
+    window.lblOptions(tab).SetPlace({tab * 2625, 0, 2625, 480});
   }
   for (int tab = 0; tab < window.picAdvOptions.Count(); ++tab) {
     window.picAdvOptions(tab).SetPlace({0, 480, 10515, 4935});
+  }
+  Place({{window.lblStartupTitle, {450, 300, 6000, 300}},
+         {window.chkStartup, {450, 750, 6000, 285}},
+         {window.chkSystray, {450, 1125, 6000, 285}},
+         {window.lblSchedulerTitle, {450, 1800, 6000, 300}},
+         {window.chkScheduler, {450, 2250, 6000, 285}},
+         {window.optSchedule(0), {750, 2625, 2700, 285}},
+         {window.optSchedule(1), {750, 2985, 2700, 285}},
+         {window.optSchedule(2), {750, 3345, 2700, 285}},
+         {window.optSchedule(3), {750, 3705, 2700, 285}},
+         {window.cmdOptApply, {6945, 4425, 1575, 390}},
+         {window.cmdOptCancel, {8715, 4425, 1575, 390}}});
+  Place({{window.lblscanmsg(5), {225, 150, 10065, 270}},
+         {window.lblscanmsg(6), {225, 435, 10065, 270}},
+         {window.LvBackup, {225, 780, 10065, 3480}},
+         {window.cmdBakupReg, {225, 4425, 2175, 390}},
+         {window.cmdRestore, {6945, 4425, 1575, 390}},
+         {window.cmdRemove, {8715, 4425, 1575, 390}}});
+  Place({{window.Label3, {225, 150, 10065, 270}}, {window.lvPrograms, {225, 450, 10065, 4365}}});
+}
+
+// The result panel lies over the page, below its title.
+void PlaceJunk(frmMain& window) {
+  Place({{window.lblJunkTitle, {225, 120, 10065, 300}},
+         {window.lblDrives, {225, 555, 2700, 270}},
+         {window.tvDrives, {225, 840, 2700, 3855}},
+         {window.lblFileTypes, {3150, 555, 7140, 270}},
+         {window.lvFileTypes, {3150, 840, 5775, 1785}},
+         {window.lblExcludeFolders, {3150, 2745, 7140, 270}},
+         {window.lvExcludeFolders, {3150, 3030, 5775, 1665}},
+         {window.cmdJunkScan, {8715, 4905, 1575, 390}}});
+  for (int index = 0; index < window.cmdFileTypes.Count(); ++index) {
+    window.cmdFileTypes(index).SetPlace({9075, 840 + index * 465, 1215, 390});
+  }
+  for (int index = 0; index < window.cmdExcludeFolders.Count(); ++index) {
+    window.cmdExcludeFolders(index).SetPlace({9075, 3030 + index * 465, 1215, 390});
+  }
+  Place({{window.lblJunkStatus, {225, 75, 10050, 270}},
+         {window.lvJunkFiles, {225, 390, 10050, 3510}},
+         {window.PbarRemoveJunk, {225, 3960, 10050, 180}},
+         {window.picScaningJunk, {2700, 1350, 5100, 1800}},
+         {window.lblScaningJunk, {1050, 375, 3750, 300}},
+         {window.Animation2, {300, 285, 480, 480}},
+         {window.cmdJunkStop, {1650, 1125, 1800, 420}}});
+  for (int index = 0; index < window.cmdJunkFile.Count(); ++index) {
+    window.cmdJunkFile(index).SetPlace({225 + index * 720, 4230, 630, 600});
   }
 }
 
@@ -83,7 +137,11 @@ void PlaceOnPanels(frmMain& window) {
 
 void PlaceControls(frmMain& window) {
   PlaceOnForm(window);
-  PlaceOnPanels(window);
+  PlaceHome(window);
+  PlaceScan(window);
+  PlaceResults(window);
+  PlaceTabs(window);
+  PlaceJunk(window);
 }
 
 }  // namespace tidemark

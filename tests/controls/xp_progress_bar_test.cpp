@@ -12,15 +12,15 @@ constexpr Pixel kWhite = 0xFFFFFF;
 struct ProgressBar : testing::Test {
   ProgressBar() { bar.SetSize(103, 20); }
 
-  Pixel At(int x, int y) { return bar.Picture().GetPixel(x, y); }
+  Pixel At(int x, int y) { return bar.Painting().GetPixel(x, y); }
   // One behind the last column of the row that is not white, frame left out.
   int BarEnd(int y = 10) {
-    int end = bar.Picture().Width() - 2;
+    int end = bar.Painting().Width() - 2;
     while (end > 2 && At(end - 1, y) == kWhite) --end;
     return end;
   }
   bool HasText(Pixel color) {
-    const auto& pixels = bar.Picture().Pixels();
+    const auto& pixels = bar.Painting().Pixels();
     return std::count(pixels.begin(), pixels.end(), color) > 0;
   }
 
@@ -64,11 +64,11 @@ TEST_F(ProgressBar, StallsWhenSteppedByOneThroughTwoHundred) {
 
 TEST_F(ProgressBar, KeepsPositionAndPictureWhenMaxIsZero) {
   bar.SetValue(50);
-  const auto before = bar.Picture().Pixels();
+  const auto before = bar.Painting().Pixels();
   bar.SetMax(0);
   bar.SetValue(10);
   EXPECT_EQ(bar.Percent(), 50);
-  EXPECT_EQ(bar.Picture().Pixels(), before);
+  EXPECT_EQ(bar.Painting().Pixels(), before);
 }
 
 TEST_F(ProgressBar, EndsOnAChunkBoundary) {
@@ -99,6 +99,23 @@ TEST_F(ProgressBar, DrawsChunksWithWhiteGapsInABevel) {
   bar.SetColor(0xFF773D);
   EXPECT_EQ(At(4, 10), ShadeColor(0x3D77FF, 220));
   EXPECT_EQ(At(4, 3), 0x3D77FFU);
+}
+
+TEST_F(ProgressBar, GrowsWithTheDotsPerInch) {
+  // Twice all of the above: a work area of 200 pixels from 6 on, chunks of 12 and gaps of 4.
+  bar.SetDisplay({.dots_per_inch = 192});
+  bar.SetSize(206, 40);
+  bar.SetColor(0xFF773D);
+  bar.SetValue(49);
+  EXPECT_NE(At(97, 20), kWhite);
+  EXPECT_EQ(At(98, 20), kWhite);
+  EXPECT_EQ(At(150, 20), kWhite);
+  EXPECT_NE(At(17, 20), kWhite);
+  for (int x = 18; x < 22; ++x) EXPECT_EQ(At(x, 20), kWhite) << x;
+  EXPECT_NE(At(22, 20), kWhite);
+  for (int y = 0; y < 4; ++y) EXPECT_EQ(At(100, y), y < 2 ? 0xBEBEBEU : 0xEFEFEFU) << y;
+  EXPECT_EQ(At(8, 20), ShadeColor(0x3D77FF, 220));
+  EXPECT_EQ(At(8, 21), ShadeColor(0x3D77FF, 220));
 }
 
 TEST_F(ProgressBar, StandsUprightWhenVertical) {
@@ -142,9 +159,9 @@ TEST_F(ProgressBar, ShowsTextOnlyWhenAsked) {
     SCOPED_TRACE(style);
     bar.SetScrolling(style);
     bar.SetShowText(false);
-    const auto plain = bar.Picture().Pixels();
+    const auto plain = bar.Painting().Pixels();
     bar.SetShowText(true);
-    EXPECT_NE(bar.Picture().Pixels(), plain);
+    EXPECT_NE(bar.Painting().Pixels(), plain);
     EXPECT_TRUE(HasText(style == 6 ? 0xC0C0C0 : 0x000000));
   }
   BarLook look;
@@ -154,17 +171,37 @@ TEST_F(ProgressBar, ShowsTextOnlyWhenAsked) {
   EXPECT_EQ(BarText(look), "Searching..");
 }
 
+// Paints a text as a block, as wide and high as its font's tenths of points say.
+struct BlockPainter : TextPainter {
+  int Width(std::string_view, const Font& font) const override { return font.tenths_of_points; }
+  int Height(const Font& font) const override { return font.tenths_of_points / 10; }
+  void Paint(Canvas& canvas, int x, int y, std::string_view text, const Font& font, Pixel color,
+             const Rect&) const override {
+    if (text == "37 %") canvas.FillRect({x, y, x + Width(text, font), y + Height(font)}, color);
+  }
+};
+
+TEST_F(ProgressBar, CentresItsTextByPainterAndFont) {
+  const BlockPainter blocks;
+  bar.SetDisplay({.text_painter = &blocks});
+  bar.SetFont({.tenths_of_points = 61});  // 61 by 6 pixels
+  bar.SetShowText(true);
+  bar.SetValue(37);
+  for (int x = 5; x < 98; ++x) EXPECT_EQ(At(x, 10) == 0, x >= 21 && x < 82) << x;
+  for (int y = 2; y < 18; ++y) EXPECT_EQ(At(81, y) == 0, y >= 7 && y < 13) << y;
+}
+
 TEST_F(ProgressBar, RepaintsForWhatShowsAndNotForMinMaxAndBrush) {
   bar.SetScrolling(7);
   bar.SetValue(90);
-  const auto version = bar.PictureVersion();
+  const auto version = bar.PaintingVersion();
   bar.SetMax(1000);
   bar.SetBrushStyle(0);
-  EXPECT_EQ(bar.PictureVersion(), version);
-  const auto crossed = bar.Picture().Pixels();
+  EXPECT_EQ(bar.PaintingVersion(), version);
+  const auto crossed = bar.Painting().Pixels();
   bar.SetValue(900);
-  EXPECT_GT(bar.PictureVersion(), version);
-  EXPECT_NE(bar.Picture().Pixels(), crossed);
+  EXPECT_GT(bar.PaintingVersion(), version);
+  EXPECT_NE(bar.Painting().Pixels(), crossed);
 }
 
 TEST_F(ProgressBar, TurnsSystemColoursIntoPlainOnes) {

@@ -38,6 +38,18 @@ TEST(DisplayText, APathKeepsItsEnd) {
   }
 }
 
+TEST(DisplayText, ACaptionIsReadWithoutItsAccessKey) {
+  for (const auto& [caption, read] :
+       std::vector<std::pair<std::string, std::string>>{{"&Scan", "Scan"},
+                                                        {"Sto&p", "Stop"},
+                                                        {"A&uto Scan && Fix", "Auto Scan & Fix"},
+                                                        {"&&&A", "&A"},
+                                                        {"End&", "End"},
+                                                        {"", ""}}) {
+    EXPECT_EQ(WithoutAccessKey(caption), read);
+  }
+}
+
 TEST(DisplayText, WrapsAtBlanksAndLineEnds) {
   using Lines = std::vector<std::string>;
   EXPECT_EQ(Wrap("", 10), Lines{});

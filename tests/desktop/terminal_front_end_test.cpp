@@ -1,11 +1,6 @@
 #include "desktop/terminal/terminal_front_end.h"
 
-#include <gmock/gmock.h>
-
-#include <deque>
-
-#include "window/frmMain.h"
-#include "window/panels.h"
+#include "tests/desktop/terminal_test.h"
 
 namespace tidemark {
 namespace {
@@ -13,68 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-
-class ScriptedConsole : public Console {
- public:
-  explicit ScriptedConsole(bool interactive) : interactive_(interactive) {}
-
-  std::deque<std::string> lines;  // then the input ends
-  std::string written;
-  std::string errors;
-
-  bool IsInteractive() const override { return interactive_; }
-  bool HasColor() const override { return false; }
-  ConsoleSize Size() const override { return {.width = 80, .height = 24}; }
-  ConsoleInput Wait(int) override {
-    if (lines.empty()) return {.kind = ConsoleInput::Kind::kEnd, .line = {}};
-    ConsoleInput input{.kind = ConsoleInput::Kind::kLine, .line = lines.front()};
-    lines.pop_front();
-    return input;
-  }
-  bool CloseRequested() const override { return false; }
-  void Write(std::string_view text) override { written += text; }
-  void WriteError(std::string_view text) override { errors += text; }
-
- private:
-  bool interactive_;
-};
-
-// The main window on its results page, with three problems.
-class TerminalTest : public testing::Test {
- protected:
-  explicit TerminalTest(bool interactive = false) : console(interactive) {
-    HideAllFrames(window);
-    window.picClear.SetVisible(true);
-    for (const char* key : {"K1", "K2", "K3"}) {
-      window.lvProblems.Add(key, "HKEY_CLASSES_ROOT\\" + std::string(key))->SetChecked(true);
-    }
-    window.lvProblems.ItemChecked.Bind([this](ListItem& item) {
-      ticked.push_back(item.Key().String() + (item.Checked() ? "+" : "-"));
-    });
-    window.form.Unload.Bind([this] {
-      ++closed;
-      front_end.End();
-    });
-  }
-
-  int Run(std::deque<std::string> lines) {
-    console.lines = std::move(lines);
-    return front_end.Run(window.form, [this] { front_end.Show(window.form); });
-  }
-
-  // Yields until the window is told to stop, as a scan does.
-  void WorkUntilStopped() {
-    for (long yield = 0; !window.StopRequested && yield < 100'000'000; ++yield) {
-      front_end.DoEvents();
-    }
-  }
-
-  ScriptedConsole console;
-  TerminalFrontEnd front_end{console};
-  frmMain window{front_end, {}};
-  std::vector<std::string> ticked;
-  int closed = 0;
-};
 
 TEST_F(TerminalTest, ClicksByNameInAnyLetterCaseAndShowsWhatChanged) {
   window.cmdFix.Clicked.Bind([this] { window.lblFound.SetCaption("all repaired"); });
@@ -134,6 +67,11 @@ TEST_F(TerminalTest, RefusesWhatAPersonCouldNotDo) {
            {"tick lvFound all", "lvFound has no check boxes"},
            {"press lvProblems column 8", "lvProblems has columns 1 to 7"},
            {"show lvProblems 0", "show LIST"},
+           {"menu cmdFix", "cmdFix is no list"},
+           {"tray left", "there is no tray icon"},
+           {"wait a minute", "wait SECONDS"},
+           {"wait -1", "wait SECONDS"},
+           {"type lblFound x", "lblFound is no text box"},
            {"page lvProblems sideways", "page LIST"},
            {"\x1b[2J \xff", "there is no command ·[2J"}}) {
     console.errors.clear();
@@ -185,27 +123,24 @@ TEST_F(TerminalTest, AScriptsCommandsWaitForTheEndOfTheWork) {
 }
 
 TEST_F(TerminalTest, AQuestionInTheMiddleOfTheWorkIsAnswered) {
-  window.cmdFix.Clicked.Bind([this] {
-    window.MessBoxAnswer = "EMPTY";
-    window.mess_box = std::make_unique<frmMessBox>();
-    window.mess_box->lblMessage.SetCaption("Really?");
-    window.mess_box->cmdNo.Clicked.Bind([this] {
-      window.MessBoxAnswer = "NO";
-      front_end.Unload(window.mess_box->form);
-    });
-    window.mess_box->form.Unload.Bind([this] { window.mess_box.reset(); });
-    front_end.Show(window.mess_box->form);
-    while (window.MessBoxAnswer == "EMPTY") front_end.DoEvents();
-    window.lblFound.SetCaption("answered " + window.MessBoxAnswer);
-  });
-  EXPECT_EQ(Run({"click cmdFix", "click cmdNo"}), 0);
+  window.cmdFix.Clicked.Bind([this] { AskWithBox("Really?"); });
+  EXPECT_EQ(Run({"click cmdFix", "click cmdOK", "click cmdNo"}), 1);
   EXPECT_THAT(console.written, HasSubstr("Really?"));
+  EXPECT_THAT(console.written, HasSubstr("[ cmdYes Yes ]  [ cmdNo No ]"));
+  EXPECT_THAT(console.errors, HasSubstr("cmdOK is not shown"));
   EXPECT_THAT(console.written, HasSubstr("answered NO"));
+}
+
+TEST_F(TerminalTest, AQuestionClosedWithoutAnAnswerLeavesTheWindowLive) {
+  window.cmdFix.Clicked.Bind([this] { AskWithBox("Really?"); });
+  window.cmdCancel.Clicked.Bind([this] { window.MessBoxAnswer = "YES"; });
+  EXPECT_EQ(Run({"click cmdFix", "close", "show lblFound", "click cmdCancel"}), 0);
+  EXPECT_THAT(console.written, HasSubstr("answered YES"));
 }
 
 TEST_F(TerminalTest, CloseTakesTheDialogFirst) {
   window.cmdFix.Clicked.Bind([this] {
-    window.about = std::make_unique<frmAbout>();
+    window.about = std::make_unique<frmAbout>("C:\\Program");
     window.about->form.Unload.Bind([this] { window.about.reset(); });
     front_end.Show(window.about->form);
   });

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,6 +19,7 @@
 #include "scan/findings.h"
 #include "shell/main_window.h"
 #include "shell/wiring.h"
+#include "startup/startup.h"
 #include "toolkit/script_front_end.h"
 #include "window/frmMain.h"
 
@@ -50,14 +52,22 @@ struct SamplePc {
     BindHandlers(window);
     Main(window);
   }
-  std::vector<std::string> Rows() const {
+  // The findings and the start-up programs, the columns between tabs.
+  std::vector<std::string> Findings() const {
+    return Rows(window.lvInvalidLoc, {kTestCode, 0, kValueName, kValueData, kReason, kValueType});
+  }
+  std::vector<std::string> Programs() const {
+    return Rows(window.lvPrograms, {0, kCommand, kExists, kLocation, kEnabled, kKind});
+  }
+  static std::vector<std::string> Rows(const ListView& list, const std::vector<int>& columns) {
     std::vector<std::string> rows;
-    for (int index = 1; index <= window.lvInvalidLoc.Count(); ++index) {
-      const ListItem& row = *window.lvInvalidLoc.Item(index);
-      std::string text = row.SubItem(kTestCode).String() + "\t" + row.Caption().String();
-      for (const int column : {kValueName, kValueData, kReason, kValueType}) {
-        text += "\t" + row.SubItem(column).String();
+    for (int index = 1; index <= list.Count(); ++index) {
+      const ListItem& row = *list.Item(index);
+      std::string text;
+      for (const int column : columns) {
+        text += (column == 0 ? row.Caption() : row.SubItem(column)).String() + "\t";
       }
+      text.pop_back();
       rows.push_back(text);
     }
     return rows;
@@ -123,14 +133,60 @@ bool IsCarriedByValueRecords(const StoredValue& value) {
          value.type == REG_BINARY || value.type == REG_DWORD;
 }
 
-TEST(Sample, ShowsTheFindingsThatItsReadmeTells) {
-  SamplePc on;
-  std::ifstream file(fs::path(TIDEMARK_SOURCE_FOLDER) / "tests/sample/expected_rows.txt");
+void ExpectLinesOf(const std::string& name, const std::vector<std::string>& rows) {
+  std::ifstream file(fs::path(TIDEMARK_SOURCE_FOLDER) / "tests/sample" / name);
   std::vector<std::string> expected;
   for (std::string line; std::getline(file, line);) expected.push_back(line);
-  const std::vector<std::string> rows = on.Rows();
   ASSERT_EQ(rows.size(), expected.size());
   for (std::size_t row = 0; row < rows.size(); ++row) EXPECT_EQ(rows[row], expected[row]);
+}
+
+TEST(Sample, ShowsTheFindingsThatItsReadmeTells) {
+  SamplePc on;
+  ExpectLinesOf("expected_rows.txt", on.Findings());
+  EXPECT_EQ(on.window.lvFound.Count(), 12) << "one row for each diagnostic test";
+}
+
+TEST(Sample, ListsWhatStartsWithItFromAllSources) {
+  SamplePc on;
+  on.window.cmdMenuAdvanced.Click();
+  on.window.lblOptions(2).Click();
+  ExpectLinesOf("expected_programs.txt", on.Programs());
+  // What is switched off and on again is as it was, but for the two keys of win.ini.
+  const std::vector<std::string> before = on.Programs();
+  const Snapshot registry = TakeSnapshot();
+  ListView& list = on.window.lvPrograms;
+  for (const bool checked : {false, true}) {
+    for (int row = 1; row <= list.Count(); ++row) {
+      ListItem& program = *list.Item(row);
+      const bool was_enabled =
+          before[static_cast<std::size_t>(row - 1)].find("\tEnabled\t") != std::string::npos;
+      if (program.SubItem(kLocation).String().starts_with("Win.ini")) continue;
+      if (program.SubItem(kCommand).String().empty()) continue;
+      list.UserCheck(program, checked == was_enabled);
+    }
+  }
+  EXPECT_EQ(TakeSnapshot(), registry);
+  on.window.lblOptions(2).Click();
+  std::vector<std::string> after = on.Programs();
+  EXPECT_TRUE(std::is_permutation(before.begin(), before.end(), after.begin(), after.end()));
+  EXPECT_TRUE(on.front_end.messages().empty());
+}
+
+TEST(Sample, ListsTheJunkThatItsReadmeTells) {
+  SamplePc on;
+  on.window.cmdCleanJunk.Click();
+  for (int drive = 1; drive <= on.window.tvDrives.Count(); ++drive) {
+    on.window.tvDrives.UserCheck(*on.window.tvDrives.Node(drive), true);
+  }
+  on.window.cmdJunkScan.Click();
+  std::vector<std::string> rows;
+  for (int row = 1; row <= on.window.lvJunkFiles.Count(); ++row) {
+    const ListItem& file = *on.window.lvJunkFiles.Item(row);
+    rows.push_back(file.Caption().String() + "\t" + file.SubItem(1).String() + "\t" +
+                   file.SubItem(2).String() + "\t" + file.SubItem(5).String());
+  }
+  ExpectLinesOf("expected_junk.txt", rows);
 }
 
 TEST(Sample, ARepairIsTakenBackByItsUndoFile) {
@@ -139,6 +195,12 @@ TEST(Sample, ARepairIsTakenBackByItsUndoFile) {
   on.window.cmdFix.Click();
   const Snapshot repaired = TakeSnapshot();
   EXPECT_LT(repaired.size() + 80, before.size());
+  const auto is_file = [](const std::string& path) {
+    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  };
+  EXPECT_FALSE(is_file("C:\\Users\\anna\\Desktop\\Quillmoor Fax.lnk"));
+  EXPECT_TRUE(is_file(on.window.application.folder + "\\backup\\Quillmoor Fax.lnk"));
+  EXPECT_TRUE(is_file("C:\\Users\\anna\\Desktop\\Weather.lnk"));
 
   const std::string undo = on.window.application.folder + "\\backup\\undo_060411_130510.reg";
   ASSERT_EQ(GetFileAttributesA(undo.c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U) << undo;

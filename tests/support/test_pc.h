@@ -46,6 +46,9 @@ class TestPc {
   // Files. Parent folders are made.
   void MakeFolder(const std::string& path);
   void MakeFile(const std::string& path, std::string_view contents = "x");
+  // One whose path may be longer than the platform's calls take.
+  void MakeDeepFile(const std::string& path);
+  bool DeepFileExists(const std::string& path);
   std::string ReadFile(const std::string& path);  // empty when it is not there
   bool FileExists(const std::string& path);
   // The names of the files in a folder below folder(), sorted.
@@ -73,10 +76,18 @@ class TestPc {
   void AllowAll();
   void FillDisk(std::optional<unsigned> bytes_left = 0);
   void FailNextWrite();
-  // What the registry editor takes from its start to its end.
+  // Adds a drive, or changes one: "network label=Papers", as pc.ini has it.
+  void SetDrive(char letter, const std::string& description);
+  // The paths that files in the recycle bin had, the first one thrown away first.
+  std::vector<std::string> Recycled();
+  // Puts all of them back to where they were.
+  void RestoreRecycled();
+  // What the registry editor takes for a command when it is up, and until it is up.
+  void SlowEditor(unsigned milliseconds, unsigned start_up_ms = 1);
+  // The user's locale, in the platform's pictures: "M/d/yyyy" and "h:mm:ss tt".
+  void SetLocale(const std::string& short_date, const std::string& long_time);
   // What the shell was asked to open, "verb|file|parameters|folder|show mode".
   std::vector<std::string> OpenedByShell();
-  void SlowEditor(unsigned milliseconds);
 
  private:
   struct Ground;  // what each ground needs to undo itself

@@ -3,12 +3,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include "platform/hosted/clock.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
+#include "platform/hosted/recycle_bin.h"
 #include "platform/hosted/registry_editor.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/hosted/shell_calls.h"
@@ -74,6 +76,15 @@ std::vector<std::string> TestPc::FileNames(const std::string& path) {
   return names;
 }
 
+void TestPc::MakeDeepFile(const std::string& path) {
+  const fs::path file = HostPath(ground_->host.path, path);
+  fs::create_directories(file.parent_path());
+  EXPECT_TRUE(std::ofstream(file) << "x");
+}
+bool TestPc::DeepFileExists(const std::string& path) {
+  return fs::exists(HostPath(ground_->host.path, path));
+}
+
 bool TestPc::CanFault() { return true; }
 void TestPc::SetTime(const SYSTEMTIME& time) { ground_->pc.clock().SetLocalTime(time); }
 void TestPc::SetVariable(const std::string& name, const std::string& value) {
@@ -98,7 +109,30 @@ std::vector<std::string> TestPc::OpenedByShell() {
   }
   return opened;
 }
+void TestPc::SetDrive(char letter, const std::string& description) {
+  hosted::PcDrive& drive = ground_->pc.settings().drives[letter];
+  EXPECT_EQ(hosted::ReadDrive(description, drive), "");
+  ground_->pc.files().SetDriveReady(letter, drive.ready);
+  fs::create_directories(ground_->host.path / "drives" / std::string(1, letter));
+}
+std::vector<std::string> TestPc::Recycled() {
+  std::vector<std::string> paths;
+  for (const auto& item : ground_->pc.recycle_bin().List()) paths.push_back(item.path);
+  return paths;
+}
+void TestPc::RestoreRecycled() {
+  for (auto left = Recycled().size(); left > 0; --left) {
+    EXPECT_EQ(ground_->pc.recycle_bin().Restore(0), ERROR_SUCCESS);
+  }
+}
 void TestPc::FailNextWrite() { ground_->pc.files().FailNextWrite(); }
-void TestPc::SlowEditor(unsigned milliseconds) { ground_->pc.editor().SetDuration(milliseconds); }
+void TestPc::SlowEditor(unsigned milliseconds, unsigned start_up_ms) {
+  ground_->pc.editor().SetDuration(milliseconds);
+  ground_->pc.editor().SetStartUp(start_up_ms);
+}
+void TestPc::SetLocale(const std::string& short_date, const std::string& long_time) {
+  ground_->pc.settings().short_date = short_date;
+  ground_->pc.settings().long_time = long_time;
+}
 
 }  // namespace tidemark

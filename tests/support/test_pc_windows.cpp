@@ -20,6 +20,8 @@ const std::array<HKEY, 3> kRoots = {HKEY_CLASSES_ROOT, HKEY_CURRENT_USER, HKEY_L
 std::filesystem::path HostPath(const std::string& path) {
   return std::u8string(path.begin(), path.end());
 }
+// The prefix lifts the limit of a path's length.
+std::wstring DeepPath(const std::string& path) { return HostPath("\\\\?\\" + path).wstring(); }
 std::string NameOf(const std::filesystem::directory_entry& entry) {
   const std::u8string name = entry.path().filename().u8string();
   return {name.begin(), name.end()};
@@ -40,6 +42,7 @@ struct TestPc::Ground {
     }
     SHDeleteKeyA(HKEY_CURRENT_USER, key.c_str());
     SetCurrentDirectoryA(former_folder.c_str());
+    RemoveDeepFiles();
     std::error_code ignored;
     const std::filesystem::path path = HostPath(folder);
     for (const auto& entry : std::filesystem::recursive_directory_iterator(path, ignored)) {
@@ -49,6 +52,16 @@ struct TestPc::Ground {
   }
   Ground(const Ground&) = delete;
   Ground& operator=(const Ground&) = delete;
+
+  // With the folders that hold nothing else.
+  void RemoveDeepFiles() const {
+    for (std::wstring path : deep_files) {
+      DeleteFileW(path.c_str());
+      do {
+        path.resize(path.find_last_of(L'\\'));
+      } while (RemoveDirectoryW(path.c_str()) != FALSE);
+    }
+  }
 
   // All three are opened before the first is redirected: they lie under one of them.
   void Redirect() {
@@ -73,6 +86,7 @@ struct TestPc::Ground {
   std::string folder;
   std::string former_folder;
   bool redirected = false;
+  std::vector<std::wstring> deep_files;
 };
 
 TestPc::TestPc(Registry registry) {
@@ -98,6 +112,19 @@ std::vector<std::string> TestPc::FileNames(const std::string& path) {
   return names;
 }
 
+void TestPc::MakeDeepFile(const std::string& path) {
+  std::wstring& file = ground_->deep_files.emplace_back(DeepPath(path));
+  for (auto end = file.find(L'\\', 7); end != std::wstring::npos; end = file.find(L'\\', end + 1)) {
+    CreateDirectoryW(file.substr(0, end).c_str(), nullptr);
+  }
+  const UniqueFile made(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+  EXPECT_TRUE(made) << path;
+}
+bool TestPc::DeepFileExists(const std::string& path) {
+  return GetFileAttributesW(DeepPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 bool TestPc::CanFault() { return false; }
 void TestPc::SetTime(const SYSTEMTIME&) {}
 void TestPc::SetVariable(const std::string& name, const std::string& value) {
@@ -108,7 +135,11 @@ void TestPc::DenyFile(const std::string&) {}
 void TestPc::AllowAll() {}
 void TestPc::FillDisk(std::optional<unsigned>) {}
 void TestPc::FailNextWrite() {}
-void TestPc::SlowEditor(unsigned) {}
+void TestPc::SetDrive(char, const std::string&) {}
+std::vector<std::string> TestPc::Recycled() { return {}; }
+void TestPc::RestoreRecycled() {}
+void TestPc::SlowEditor(unsigned, unsigned) {}
+void TestPc::SetLocale(const std::string&, const std::string&) {}
 std::vector<std::string> TestPc::OpenedByShell() { return {}; }
 
 }  // namespace tidemark

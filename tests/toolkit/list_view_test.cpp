@@ -57,6 +57,8 @@ TEST(ListView, SortsStablyInBothDirectionsAndKeepsSortingNewRows) {
   EXPECT_EQ(Order(list), "AabBc");
   list.SortBy(0, SortOrder::kDescending);
   EXPECT_EQ(Order(list), "cbBAa");
+  EXPECT_EQ(list.IndexOf(list.Item(2)), 2);
+  EXPECT_EQ(list.IndexOf(nullptr), 0);
 }
 
 TEST(ListView, AHandlerMayClearTheList) {

@@ -2,6 +2,7 @@
 // case ignored) as the mouse would: what a person could not click is refused.
 #pragma once
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -23,9 +24,11 @@ struct CommandResult {
     kOutput,       // the output is shown instead
     kCloseDialog,  // the topmost window is closed
     kCloseMain,
+    kWait,  // time passes, by wait_ms
   };
   Next next = Next::kPage;
   std::string output;
+  std::uint32_t wait_ms = 0;
 };
 
 // Carries out one line; it returns when the handlers of what was clicked have returned, which takes

@@ -1,5 +1,6 @@
-// What stands on the desk: the windows that are shown, and how their lists are scrolled. The page
-// drawing and the commands work on it; the front end puts windows on it and takes them off.
+// What stands on the desk: the windows that are shown, how their lists are scrolled, the icons in
+// the notification area. The page drawing and the commands work on it; the front end puts windows
+// on it and takes them off.
 #pragma once
 
 #include <string_view>
@@ -7,6 +8,7 @@
 
 #include "desktop/terminal/list_table.h"
 #include "toolkit/controls.h"
+#include "toolkit/tray_icon.h"
 
 namespace tidemark {
 
@@ -14,15 +16,26 @@ struct Desk {
   struct ShownForm {
     Form* form = nullptr;
     long command = 0;  // number of the command that ran when it was shown
+    bool loaded = false;
   };
   std::vector<ShownForm> forms;  // the last one lies on top
   Form* main_window = nullptr;
   ScrollPositions scroll;
+  std::vector<TrayIcon> tray;
+  Lines box;  // a notice, a question or a menu, in front of all windows; empty for none
 
   // The window that lies on top of the main window; null when none does.
   Form* Dialog() const {
     if (forms.empty() || forms.back().form == main_window) return nullptr;
     return forms.back().form;
+  }
+
+  // Whether the main window has been loaded, shown or hidden since.
+  bool MainIsUp() const {
+    for (const ShownForm& shown : forms) {
+      if (shown.form == main_window && shown.loaded) return true;
+    }
+    return false;
   }
 
   // In the topmost window that has a control of that name; null when none has.

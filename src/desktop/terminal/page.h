@@ -1,6 +1,5 @@
-// Draws what a window shows as lines of text, from its controls alone: it knows kinds of controls,
-// not the pages of this program. Controls stand in the order of their places, from the top; buttons
-// gather in the last line.
+// Draws what the windows show as lines of text. The pieces of a page stand in reading order; the
+// buttons that belong to no list gather below them, and the tray icon stands in the last line.
 #pragma once
 
 #include "desktop/terminal/desk.h"

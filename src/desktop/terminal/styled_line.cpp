@@ -81,9 +81,9 @@ Lines Boxed(std::string_view title, const Lines& content, int width) {
   Lines box;
   const std::string indent(kIndent, ' ');
   const std::string heading = Fit(Displayable(title), inner - 1);
-  Line& top = box.emplace_back(indent + "┌─ ");
-  top.Add(heading, Style::kStrong);
-  top.Add(" ").Add(Repeated("─", inner - 1 - DisplayWidth(heading))).Add("┐");
+  Line& top = box.emplace_back(indent + "┌─");
+  if (!heading.empty()) top.Add(" ").Add(heading, Style::kStrong).Add(" ");
+  top.Add(Repeated("─", kIndent + inner + 3 - top.Width())).Add("┐");
   for (const Line& line : content) {
     Line& row = box.emplace_back(indent + "│ ");
     row.Append(line);

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "desktop/terminal/display_text.h"
+#include "controls/xpcmdbutton.h"
+#include "desktop/terminal/during.h"
 
 namespace tidemark {
 namespace {
@@ -17,26 +18,18 @@ constexpr milliseconds kPulseTooLong{20};
 constexpr milliseconds kLookPause{10};
 constexpr milliseconds kRedrawPause{80};
 constexpr int kAnswerWait_ms = 50;
+constexpr ULONGLONG kTimerLookPause_ms = 10;
+constexpr ULONGLONG kSleepStep_ms = 100;
 
+// One that a person can press.
 bool HasButton(const Control& control) {
-  if (dynamic_cast<const CommandButton*>(&control) != nullptr) return true;
+  if (!control.Visible()) return false;
+  const bool button = dynamic_cast<const CommandButton*>(&control) != nullptr ||
+                      dynamic_cast<const xpcmdbutton*>(&control) != nullptr;
+  if (button && control.Enabled()) return true;
   return std::any_of(control.Controls().begin(), control.Controls().end(),
                      [](const Control* inner) { return HasButton(*inner); });
 }
-
-// Sets a variable for as long as the scope lasts, also when it is left by an exception.
-template <class T>
-class During {
- public:
-  During(T& variable, T value) : variable_(variable), before_(std::exchange(variable, value)) {}
-  ~During() { variable_ = before_; }
-  During(const During&) = delete;
-  During& operator=(const During&) = delete;
-
- private:
-  T& variable_;
-  T before_;
-};
 
 }  // namespace
 
@@ -48,10 +41,7 @@ int TerminalFrontEnd::Run(Form& main_window, const std::function<void()>& progra
   closing_ = refused_ = false;
   try {
     program_entry();
-    while (true) {
-      Draw();
-      Handle(console_.Wait(-1));
-    }
+    while (true) Handle(WaitForInput());
   } catch (const ProcessEnded&) {
     if (prompt_is_up_) console_.Write("\r\n");
   }
@@ -62,11 +52,11 @@ int TerminalFrontEnd::Run(Form& main_window, const std::function<void()>& progra
 void TerminalFrontEnd::Pulse() {
   AdaptPulse();
   if (closing_) return;
+  if (GetTickCount64() >= next_timer_look_) TickTimers();
   if (interactive_) {
     PulseAtTerminal();
   } else if (AwaitsAnswer()) {
-    Draw();
-    Handle(console_.Wait(-1));
+    Handle(WaitForInput());
   } else if (console_.CloseRequested()) {
     CloseMain();
   }
@@ -96,7 +86,38 @@ void TerminalFrontEnd::AdaptPulse() {
   yields_to_pulse_ = pulse_period_;
 }
 
+void TerminalFrontEnd::TickTimers() {
+  const ULONGLONG now = GetTickCount64();
+  next_timer_look_ = now + kTimerLookPause_ms;
+  while (Timer* timer = timers_.Take(desk_.forms, now)) {
+    const During running(running_command_, ++last_command_);
+    timer->Tick();
+  }
+}
+
+ConsoleInput TerminalFrontEnd::WaitForInput() {
+  while (true) {
+    TickTimers();
+    Draw();
+    ConsoleInput input = console_.Wait(timers_.Wait(GetTickCount64()));
+    if (input.kind != ConsoleInput::Kind::kNothing) return input;
+  }
+}
+
+void TerminalFrontEnd::LetTimePass(std::uint32_t milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+    const int next_tick = timers_.Wait(now);
+    ULONGLONG step = std::min(end - now, kSleepStep_ms);
+    if (next_tick > 0) step = std::min(step, static_cast<ULONGLONG>(next_tick));
+    Sleep(static_cast<DWORD>(step));
+    TickTimers();
+    Pulse();
+  }
+}
+
 bool TerminalFrontEnd::AwaitsAnswer() const {
+  if (running_command_ == unanswered_command_) return true;
   const Form* dialog = desk_.Dialog();
   return dialog != nullptr && desk_.forms.back().command == running_command_ && dialog->Visible() &&
          HasButton(*dialog);
@@ -112,8 +133,7 @@ void TerminalFrontEnd::Handle(const ConsoleInput& input) {
       CloseMain();
       break;
     case ConsoleInput::Kind::kResized:
-      last_screen_.clear();
-      prompt_is_up_ = false;
+      ForgetScreen();
       break;
     case ConsoleInput::Kind::kNothing:
       break;
@@ -129,10 +149,16 @@ void TerminalFrontEnd::TakeLine(std::string_view line) {
   try {
     Follow(RunCommand(line, desk_, interactive_ ? " │ " : "\t"));
   } catch (const CommandRefused& refusal) {
-    refused_ = !interactive_;
-    notice_ = refusal.what();
-    if (!interactive_) console_.WriteError("tidemark: " + notice_ + "\n");
+    Refused(refusal.what());
   }
+}
+
+void TerminalFrontEnd::Refused(std::string reason) {
+  if (!interactive_) {
+    refused_ = true;
+    console_.WriteError("tidemark: " + reason + "\n");
+  }
+  notice_ = std::move(reason);
 }
 
 void TerminalFrontEnd::Follow(const CommandResult& result) {
@@ -146,19 +172,30 @@ void TerminalFrontEnd::Follow(const CommandResult& result) {
       ShowOutput(result.output);
       break;
     case CommandResult::Next::kCloseDialog:
-      if (Form* dialog = desk_.Dialog()) Unload(*dialog);
+      CloseDialog();
       break;
     case CommandResult::Next::kCloseMain:
       CloseMain();
       break;
+    case CommandResult::Next::kWait:
+      LetTimePass(result.wait_ms);
+      break;
   }
+}
+
+// Closing a question is no answer to it: who asked waits on, and a person acts on.
+void TerminalFrontEnd::CloseDialog() {
+  Form* dialog = desk_.Dialog();
+  if (dialog == nullptr) return;
+  unanswered_command_ = desk_.forms.back().command;
+  Unload(*dialog);
 }
 
 void TerminalFrontEnd::CloseMain() {
   if (closing_) End();
   closing_ = true;
   // Before it is shown it holds nothing that its end could store.
-  if (desk_.main_window != nullptr && desk_.main_window->Visible()) Unload(*desk_.main_window);
+  if (desk_.MainIsUp()) Unload(*desk_.main_window);
   End();
 }
 
@@ -166,10 +203,12 @@ void TerminalFrontEnd::Show(Form& form) {
   const auto shown =
       std::find_if(desk_.forms.begin(), desk_.forms.end(),
                    [&form](const Desk::ShownForm& entry) { return entry.form == &form; });
-  const bool is_new = shown == desk_.forms.end();
-  if (is_new) {
+  if (shown == desk_.forms.end()) {
     desk_.forms.push_back({.form = &form, .command = running_command_});
     form.Load();
+    for (Desk::ShownForm& entry : desk_.forms) {
+      if (entry.form == &form) entry.loaded = true;
+    }
   } else {
     shown->command = running_command_;
     std::rotate(shown, shown + 1, desk_.forms.end());
@@ -188,26 +227,29 @@ void TerminalFrontEnd::TakeOff(const Form& form) {
   std::erase_if(desk_.forms, [&form](const Desk::ShownForm& entry) { return entry.form == &form; });
 }
 
-void TerminalFrontEnd::ShowMessage(std::string_view text, std::string_view title) {
-  const ConsoleSize size = console_.Size();
-  Lines content;
-  for (const std::string& line : Wrap(text, size.width - 8)) content.emplace_back("(i) " + line);
-  std::string box;
-  for (const Line& line : Boxed(title, content, size.width)) {
-    box += line.Paint(size.width, console_.HasColor()) + "\n";
-  }
-  if (!interactive_) {
-    console_.Write(box);
-    return;
-  }
-  console_.Write("\x1b[H\x1b[2J\n" + box + "\n  Enter: go on ");
-  last_screen_.clear();
-  prompt_is_up_ = false;
-  ConsoleInput::Kind kind = ConsoleInput::Kind::kNothing;
-  while (kind != ConsoleInput::Kind::kLine && kind != ConsoleInput::Kind::kEnd) {
-    kind = console_.Wait(-1).kind;
-    if (kind == ConsoleInput::Kind::kClose) CloseMain();
-  }
+void TerminalFrontEnd::SetForeground(Form& form) {
+  const auto shown =
+      std::find_if(desk_.forms.begin(), desk_.forms.end(),
+                   [&form](const Desk::ShownForm& entry) { return entry.form == &form; });
+  if (&form == desk_.main_window || shown == desk_.forms.end()) return;
+  std::rotate(shown, shown + 1, desk_.forms.end());
+}
+
+HWND TerminalFrontEnd::WindowHandle(const Form& /*form*/) { return nullptr; }
+
+bool TerminalFrontEnd::NotifyIcon(TrayMessage message, const TrayIcon& icon) {
+  const auto same = [&icon](const TrayIcon& other) {
+    return other.hWnd == icon.hWnd && other.uID == icon.uID;
+  };
+  if (message == TrayMessage::kDelete) return std::erase_if(desk_.tray, same) > 0;
+  if (std::any_of(desk_.tray.begin(), desk_.tray.end(), same)) return false;
+  desk_.tray.push_back(icon);
+  return true;
+}
+
+// A script hears nothing.
+void TerminalFrontEnd::Beep() {
+  if (interactive_) console_.Write("\a");
 }
 
 void TerminalFrontEnd::SetMousePointer(MousePointer pointer) {

@@ -1,10 +1,12 @@
 // The front end for a terminal. A person at a terminal sees the page that is up, live while a scan
 // or a repair runs, and types commands under it. A script's commands come from standard input, one
-// at a time while the program is idle, and the page is printed when a command has changed it.
+// at a time while the program is idle, and the page is printed when a command has changed it. A
+// question takes the next line of either.
 #pragma once
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +14,7 @@
 #include "desktop/terminal/commands.h"
 #include "desktop/terminal/console.h"
 #include "desktop/terminal/desk.h"
+#include "desktop/terminal/due_timers.h"
 #include "desktop/terminal/styled_line.h"
 #include "toolkit/front_end.h"
 
@@ -33,7 +36,17 @@ class TerminalFrontEnd : public FrontEnd {
   void Show(Form& form) override;
   // Keeps no pointer to the form: its Unload handler may destroy it.
   void Unload(Form& form) override;
-  void ShowMessage(std::string_view text, std::string_view title) override;
+  // Nothing lies in front of the main window but the small ones, which stay there.
+  void SetForeground(Form& form) override;
+  HWND WindowHandle(const Form& form) override;
+  void ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) override;
+  bool AskYesNo(std::string_view text, std::string_view title) override;
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view default_text) override;
+  std::string BrowseForFolder(std::string_view title) override;
+  void PopupMenu(Menu& menu) override;
+  bool NotifyIcon(TrayMessage message, const TrayIcon& icon) override;
+  void Beep() override;
   void SetMousePointer(MousePointer pointer) override;
   [[noreturn]] void End() override;
 
@@ -46,15 +59,29 @@ class TerminalFrontEnd : public FrontEnd {
   // Whether the running command has opened a dialog that has to be answered before it goes on.
   bool AwaitsAnswer() const;
 
+  // Raises the ticks that are due; their handlers run as commands do.
+  void TickTimers();
+  // The next input; the page is kept up to date and timers tick until it comes.
+  ConsoleInput WaitForInput();
+  // As a procedure that sleeps and yields.
+  void LetTimePass(std::uint32_t milliseconds);
+
+  // The line that answers the box; nothing at the end of the input.
+  std::optional<std::string> Ask(std::string_view title, Lines content, std::string_view hint);
+
   void Handle(const ConsoleInput& input);
   void TakeLine(std::string_view line);
   void Follow(const CommandResult& result);
+  void Refused(std::string reason);
+  void CloseDialog();
   void CloseMain();
   void TakeOff(const Form& form);
 
   void Draw();
   void DrawScreen();
   void PrintPage();
+  void PrintBox();
+  void ForgetScreen();
   void ShowOutput(std::string_view output);
   Line StatusLine() const;
 
@@ -66,7 +93,11 @@ class TerminalFrontEnd : public FrontEnd {
   bool busy_pointer_ = false;
 
   long last_command_ = 0;
-  long running_command_ = 0;  // 0: the program's entry
+  long running_command_ = 0;      // 0: the program's entry
+  long unanswered_command_ = -1;  // its dialog was closed without an answer; it may wait for ever
+
+  DueTimers timers_;
+  ULONGLONG next_timer_look_ = 0;
 
   int pulse_period_ = 1;  // yields from one pulse to the next
   int yields_to_pulse_ = 1;

@@ -54,6 +54,18 @@ void TerminalFrontEnd::PrintPage() {
   last_screen_ = std::move(page);
 }
 
+void TerminalFrontEnd::PrintBox() {
+  std::string box;
+  const int width = console_.Size().width;
+  for (const Line& line : desk_.box) box += line.Paint(width, false) + "\n";
+  console_.Write(box);
+}
+
+void TerminalFrontEnd::ForgetScreen() {
+  last_screen_.clear();
+  prompt_is_up_ = false;
+}
+
 void TerminalFrontEnd::DrawScreen() {
   const ConsoleSize size = console_.Size();
   const int page_height = std::max(1, size.height - kLinesBelowPage);
@@ -85,8 +97,12 @@ void TerminalFrontEnd::DrawScreen() {
 
 Line TerminalFrontEnd::StatusLine() const {
   if (!notice_.empty()) return Line(" " + notice_, Style::kBad);
+  if (!desk_.box.empty()) return Line(" the next line is the answer", Style::kFaint);
   if (working_ || busy_pointer_) {
-    const int percent = desk_.main_window == nullptr ? 0 : WorkDone(*desk_.main_window);
+    const Form* window = desk_.main_window;
+    const int percent = window == nullptr  ? 0
+                        : window->Progress ? window->Progress()
+                                           : WorkDone(*window);
     Line line(" working…", Style::kWarning);
     if (percent > 0) line.Add(" ").Add(std::to_string(percent)).Add(" %");
     return line;

@@ -21,7 +21,14 @@ std::int64_t MsFromLocal(const SYSTEMTIME& time) {
          time.wMinute * 60'000LL + time.wSecond * 1'000LL + time.wMilliseconds;
 }
 
-SYSTEMTIME LocalFromMs(std::int64_t ms) {
+std::uint64_t SteadyMilliseconds() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return static_cast<std::uint64_t>(std::chrono::duration_cast<milliseconds>(now).count());
+}
+
+}  // namespace
+
+SYSTEMTIME CalendarTime(std::int64_t ms) {
   const std::chrono::sys_days day = kFirstDay + std::chrono::days{ms / kMsPerDay};
   const std::chrono::year_month_day date{day};
   const auto of_day = static_cast<std::uint32_t>(ms % kMsPerDay);
@@ -37,19 +44,12 @@ SYSTEMTIME LocalFromMs(std::int64_t ms) {
   return time;
 }
 
-std::uint64_t SteadyMilliseconds() {
-  const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  return static_cast<std::uint64_t>(std::chrono::duration_cast<milliseconds>(now).count());
-}
-
-}  // namespace
-
 std::uint64_t Clock::Milliseconds() const {
   return set_ ? set_milliseconds_ : SteadyMilliseconds();
 }
 
 SYSTEMTIME Clock::LocalTime() const {
-  if (set_) return LocalFromMs(set_local_ms_ + static_cast<std::int64_t>(set_milliseconds_));
+  if (set_) return CalendarTime(set_local_ms_ + static_cast<std::int64_t>(set_milliseconds_));
   const auto now = std::chrono::system_clock::now();
   const auto ms = std::chrono::duration_cast<milliseconds>(now.time_since_epoch()).count();
   const std::time_t seconds = std::chrono::system_clock::to_time_t(now);

@@ -8,6 +8,9 @@
 
 namespace tidemark::hosted {
 
+// The calendar time that many milliseconds after 1601 began.
+SYSTEMTIME CalendarTime(std::int64_t milliseconds);
+
 class Clock {
  public:
   // Milliseconds since some moment before the PC was switched on; never goes back.

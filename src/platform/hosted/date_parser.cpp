@@ -7,6 +7,7 @@
 
 #include "platform/hosted/pc_settings.h"
 #include "platform/letter_case.h"
+#include "platform/locale_texts.h"
 #include "platform/unicode.h"
 
 namespace tidemark::hosted {
@@ -37,7 +38,11 @@ unsigned NameIndex(std::span<const std::string> names, std::string_view word) {
 
 class DateText {
  public:
-  DateText(std::string_view text, const PcSettings& settings) : text_(text), settings_(settings) {}
+  DateText(std::string_view text, const PcSettings& settings) : text_(text), settings_(settings) {
+    // One that dates have too can't tell a time.
+    const std::string separator = TimeSeparator();
+    if (separator.size() == 1 && separator != DateSeparator()) time_separator_ = separator[0];
+  }
 
   std::optional<SYSTEMTIME> Read(const SYSTEMTIME& now) {
     while (SkipBlanks()) {
@@ -53,6 +58,11 @@ class DateText {
   }
 
  private:
+  bool AtTimeSeparator() const {
+    return position_ < text_.size() &&
+           (text_[position_] == ':' || text_[position_] == time_separator_);
+  }
+
   bool SkipBlanks() {
     while (position_ < text_.size() && IsBlank(text_[position_])) ++position_;
     return position_ < text_.size();
@@ -80,7 +90,7 @@ class DateText {
     Number number;
     if (!TakeNumber(number)) return false;
     after_separator_ = false;
-    if (position_ < text_.size() && text_[position_] == ':') return ReadTime(number.value);
+    if (AtTimeSeparator()) return ReadTime(number.value);
     if (ReadHalfOfDay(number.value)) return !std::exchange(has_time_, true);
     numbers_.push_back(number);
     return numbers_.size() <= 3;
@@ -106,7 +116,7 @@ class DateText {
     hour_ = hour;
     unsigned* const parts[] = {&minute_, &second_};
     for (unsigned* const part : parts) {
-      if (position_ == text_.size() || text_[position_] != ':') break;
+      if (!AtTimeSeparator()) break;
       ++position_;
       Number number;
       if (!TakeNumber(number)) return false;
@@ -151,6 +161,9 @@ class DateText {
       const auto date = Made(year(0), at(1), at(2));
       return date ? date : Made(year(0), at(2), at(1));
     }
+    if (numbers_[2].digits <= 2 && settings_.short_date.starts_with('y')) {
+      if (const auto date = Made(year(0), at(1), at(2))) return date;
+    }
     return DayAndMonth(year(2), at(0), at(1));
   }
 
@@ -179,6 +192,7 @@ class DateText {
 
   std::string_view text_;
   const PcSettings& settings_;
+  char time_separator_ = ':';
   std::size_t position_ = 0;
   std::vector<Number> numbers_;
   unsigned month_ = 0;

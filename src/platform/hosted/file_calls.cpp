@@ -36,6 +36,15 @@ DWORD GetFileAttributesA(LPCSTR path) {
   return attributes;
 }
 
+BOOL GetFileAttributesExA(LPCSTR path, GET_FILEEX_INFO_LEVELS, LPVOID data) {
+  tidemark::hosted::FileDetails details;
+  const LONG status = Pc().files().GetDetails(Text(path), details);
+  if (status == ERROR_SUCCESS) {
+    tidemark::hosted::CopyDetails(details, *static_cast<WIN32_FILE_ATTRIBUTE_DATA*>(data));
+  }
+  return Answer(status);
+}
+
 BOOL SetFileAttributesA(LPCSTR path, DWORD attributes) {
   return Answer(Pc().files().SetAttributes(Text(path), attributes));
 }

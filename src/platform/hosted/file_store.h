@@ -12,6 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/hosted/file_details.h"
 #include "platform/hosted/folder_cache.h"
 #include "platform/hosted/host_file.h"
 #include "platform/hosted/pc_path.h"
@@ -29,8 +30,13 @@ class FileStore {
   // All give ERROR_SUCCESS or the status that the platform's call leaves as the last error. They
   // are plain acts: the registry editor, which runs beside the program, uses them too.
   LONG GetAttributes(std::string_view path, DWORD& attributes);
+  LONG GetDetails(std::string_view path, FileDetails& details);
   LONG SetAttributes(std::string_view path, DWORD attributes);
   LONG Delete(std::string_view path);
+  // Takes a file, read-only or not, out of the PC to a path of the host, and puts it back with all
+  // folders above it. `attributes` are those that the host does not keep.
+  LONG MoveOut(std::string_view path, const std::filesystem::path& to, DWORD& attributes);
+  LONG MoveIn(const std::filesystem::path& from, std::string_view path, DWORD attributes);
   LONG Copy(std::string_view from, std::string_view to, bool fail_if_exists);
   LONG MakeFolder(std::string_view path);
 
@@ -49,6 +55,20 @@ class FileStore {
   // The whole of a file. Writing truncates or creates it.
   LONG ReadWhole(std::string_view path, std::string& bytes);
   LONG WriteWhole(std::string_view path, std::string_view bytes);
+  // Writes over what is there, whose attributes stay; when there is no room for the bytes, the old
+  // ones stay too.
+  LONG Overwrite(std::string_view path, std::string_view bytes);
+
+  // For a search: a folder of the host that is open, and its path in capitals ("C:\").
+  struct OpenFolder {
+    HostFile host;
+    std::string upper;
+  };
+  LONG OpenFolderAt(std::string_view path, OpenFolder& folder);
+  // The folder that holds what the path names, and that one's name as it is written there.
+  LONG OpenFolderOf(std::string_view path, OpenFolder& folder, std::string& name);
+  // Of an entry of the folder, "." and ".." included, which the host says is of that mode.
+  DWORD AttributesIn(const OpenFolder& folder, std::string_view upper_name, mode_t mode) const;
 
   // "C:\Folder\File" of any path; empty when the text can be no path.
   std::string FullPath(std::string_view path);
@@ -60,10 +80,15 @@ class FileStore {
   void AllowAllFiles();
   // Leaves so many bytes on the disks; no value: they are as large as the host's again.
   void FillDisk(std::optional<std::uint64_t> bytes_left);
+  // Whether a disk is in the drive, or its server answers.
+  void SetDriveReady(char letter, bool ready);
   // The next write to a file fails and writes nothing.
   void FailNextWrite();
 
  private:
+  static constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
+                                           FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+
   struct OpenFile {
     HostFile host;
     std::string upper;
@@ -71,14 +96,18 @@ class FileStore {
     DWORD share = 0;
   };
 
+  LONG Resolve(std::string_view path);
   LONG Find(std::string_view path, bool careful, FolderCache::Place& place);
+  LONG MakeFolders(std::string_view path);
   bool IsDenied(std::string_view upper) const;
   bool IsOpen(std::string_view upper) const;
   bool ConflictsWithOpenFiles(std::string_view upper, DWORD access, DWORD share) const;
   DWORD AttributesOf(const FolderCache::Place& place) const;
+  DWORD AttributesOf(const std::string& upper, mode_t mode) const;
   LONG StoreAttributes(const FolderCache::Place& place, DWORD attributes);
   OpenFile* Lookup(HANDLE file);
 
+  std::filesystem::path pc_folder_;
   FolderCache folders_;
   std::string current_folder_ = "C:\\";
   std::set<char> drives_not_ready_;

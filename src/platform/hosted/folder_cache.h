@@ -24,6 +24,8 @@ class FolderCache {
     std::string_view name;     // the name looked for there, in capitals
     const std::string* host_name = nullptr;  // null when it is not there
     struct stat status {};                   // what the host says of it, if it is there
+
+    bool IsFolder() const { return S_ISDIR(status.st_mode); }
   };
 
   explicit FolderCache(const std::filesystem::path& pc_folder);

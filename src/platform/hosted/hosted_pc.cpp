@@ -9,10 +9,12 @@
 #include <string>
 
 #include "platform/hosted/clock.h"
+#include "platform/hosted/file_search.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/folder_lock.h"
 #include "platform/hosted/host_file.h"
 #include "platform/hosted/pc_settings.h"
+#include "platform/hosted/recycle_bin.h"
 #include "platform/hosted/registry_editor.h"
 #include "platform/hosted/registry_store.h"
 
@@ -66,6 +68,8 @@ HostedPc::HostedPc(const std::filesystem::path& folder)
       settings_(std::make_unique<PcSettings>(PcSettings::Read(folder_ / "pc.ini"))),
       clock_(std::make_unique<Clock>()),
       files_(std::make_unique<FileStore>(folder_, *settings_)),
+      searches_(std::make_unique<FileSearches>(*files_)),
+      recycle_bin_(std::make_unique<RecycleBin>(folder_ / "recycled", *files_)),
       registry_(std::make_unique<RegistryStore>(settings_->user_sid)),
       editor_(std::make_unique<RegistryEditor>()) {
   if (current_pc != nullptr) throw std::logic_error("another hosted PC is switched on");
@@ -73,6 +77,7 @@ HostedPc::HostedPc(const std::filesystem::path& folder)
   const fs::path registry = folder_ / kRegistryFile;
   if (fs::exists(registry, ignored)) registry_->Load(registry);
   for (const std::string& key : settings_->denied_keys) registry_->DenyKey(key, KEY_ALL_ACCESS);
+  editor_->SetStartUp(settings_->editor_start_up_ms);
   editor_->SetDuration(settings_->editor_duration_ms);
   editor_->SetEightBit(!settings_->editor_writes_utf16);
   current_pc = this;

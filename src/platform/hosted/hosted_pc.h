@@ -3,6 +3,7 @@
 //
 //   registry.reg      the registry, as the registry editor exports it
 //   drives/C/...      what is on drive C; more drives beside it
+//   recycled/         the recycle bin; recycle_bin.h says what is in it
 //   pc.ini            environment variables, special folders, locale, drive kinds
 //
 // Used by the native program, the tests and the benchmarks; nothing else names it.
@@ -15,9 +16,11 @@
 namespace tidemark::hosted {
 
 class Clock;
+class FileSearches;
 class FileStore;
 class FolderLock;
 struct PcSettings;
+class RecycleBin;
 class RegistryEditor;
 class RegistryStore;
 
@@ -56,6 +59,8 @@ class HostedPc {
   PcSettings& settings() { return *settings_; }
   Clock& clock() { return *clock_; }
   FileStore& files() { return *files_; }
+  FileSearches& searches() { return *searches_; }
+  RecycleBin& recycle_bin() { return *recycle_bin_; }
   RegistryStore& registry() { return *registry_; }
   RegistryEditor& editor() { return *editor_; }
 
@@ -73,6 +78,8 @@ class HostedPc {
   std::unique_ptr<PcSettings> settings_;
   std::unique_ptr<Clock> clock_;
   std::unique_ptr<FileStore> files_;
+  std::unique_ptr<FileSearches> searches_;
+  std::unique_ptr<RecycleBin> recycle_bin_;
   std::unique_ptr<RegistryStore> registry_;
   std::unique_ptr<RegistryEditor> editor_;
 };

@@ -72,6 +72,15 @@ std::string Format(std::string_view picture, const SYSTEMTIME& time) {
   return text;
 }
 
+// What stands between the first two fields of a picture.
+std::string Separator(std::string_view picture, std::string_view letters) {
+  const auto start = std::min(picture.find_first_not_of(letters), picture.size());
+  const auto end = std::min(picture.find_first_of(letters, start), picture.size());
+  std::string text(picture.substr(start, end - start));
+  std::erase(text, '\'');
+  return text;
+}
+
 }  // namespace
 
 std::string DateText(const SYSTEMTIME& time) {
@@ -81,6 +90,10 @@ std::string DateText(const SYSTEMTIME& time) {
 std::string TimeText(const SYSTEMTIME& time) {
   return Format(HostedPc::Current().settings().long_time, time);
 }
+
+std::string DateSeparator() { return Separator(HostedPc::Current().settings().short_date, "dMy"); }
+
+std::string TimeSeparator() { return Separator(HostedPc::Current().settings().long_time, "hHmst"); }
 
 std::string LongDateText(const SYSTEMTIME& time) { return Format("dddd, MMMM dd yyyy", time); }
 

@@ -102,4 +102,9 @@ LONG NormalisePath(std::string_view path, std::string_view current_folder, PcPat
   return ERROR_SUCCESS;
 }
 
+bool IsPcName(std::string_view name) {
+  return !name.empty() && name.back() != ' ' && name.back() != '.' &&
+         name.find('\\') == std::string_view::npos && !HasForbiddenCharacter(name);
+}
+
 }  // namespace tidemark::hosted

@@ -21,4 +21,13 @@ struct PcPath {
 // undefined.
 LONG NormalisePath(std::string_view path, std::string_view current_folder, PcPath& result);
 
+// What stands behind the last backslash.
+inline std::string_view LastName(std::string_view path) {
+  return path.substr(path.find_last_of('\\') + 1);
+}
+
+// Whether a path can end in the name and still mean it: no separators or wild cards in it, no blank
+// or dot at its end. The host may hold others.
+bool IsPcName(std::string_view name);
+
 }  // namespace tidemark::hosted

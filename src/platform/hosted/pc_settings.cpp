@@ -57,27 +57,6 @@ bool ReadNames(std::string_view text, std::array<std::string, n>& names) {
   return true;
 }
 
-std::optional<Drive> ReadDrive(std::string_view text) {
-  constexpr std::string_view kNotReady = " not ready";
-  Drive drive;
-  if (text.ends_with(kNotReady)) {
-    drive.ready = false;
-    text.remove_suffix(kNotReady.size());
-  }
-  constexpr std::pair<std::string_view, DriveKind> kKinds[] = {
-      {"fixed", DriveKind::kFixed},
-      {"removable", DriveKind::kRemovable},
-      {"cdrom", DriveKind::kCdRom},
-      {"network", DriveKind::kNetwork},
-  };
-  for (const auto& [name, kind] : kKinds) {
-    if (text != name) continue;
-    drive.kind = kind;
-    return drive;
-  }
-  return std::nullopt;
-}
-
 std::optional<DWORD> ReadAttributes(std::string_view letters) {
   DWORD attributes = 0;
   for (const char letter : letters) {
@@ -196,10 +175,7 @@ class Reader {
   std::string DriveLine(std::string_view name, std::string_view value) {
     const std::string letter = UpperCase(name);
     if (letter.size() != 1 || letter[0] < 'A' || letter[0] > 'Z') return "not a drive letter";
-    const std::optional<Drive> drive = ReadDrive(LowerCase(value));
-    if (!drive) return Unknown("drive kind", value);
-    settings_.drives[letter[0]] = *drive;
-    return {};
+    return ReadDrive(value, settings_.drives[letter[0]]);
   }
 
   std::string Program(std::string_view name, std::string_view value) {
@@ -225,9 +201,10 @@ class Reader {
 
   std::string Editor(std::string_view name, std::string_view value) {
     const std::string key = LowerCase(name);
-    if (key == "duration") {
-      const auto [end, error] =
-          std::from_chars(value.begin(), value.end(), settings_.editor_duration_ms);
+    if (key == "duration" || key == "start-up") {
+      std::uint32_t& milliseconds =
+          key == "duration" ? settings_.editor_duration_ms : settings_.editor_start_up_ms;
+      const auto [end, error] = std::from_chars(value.begin(), value.end(), milliseconds);
       if (error != std::errc{} || end != value.end()) return "not a number of milliseconds";
     } else if (key == "format") {
       if (value != "utf-16" && value != "8-bit") return "neither utf-16 nor 8-bit";

@@ -7,10 +7,12 @@
 //   [locale]       short date=M/d/yyyy  time=h:mm:ss tt
 //                  day names=Sunday,...  month names=January,...
 //                  code page=1252
-//   [drives]       C=fixed                     fixed, removable, cdrom, network; "cdrom not ready"
+//   [drives]       C=fixed label=System        fixed, removable, cdrom, network, ramdisk; behind
+//                  N=network share=\\srv\docs   the kind "not ready", "label=", "share="
 //   [program]      folder=C:\...               where the program stands, and its current folder
 //   [denied]       key=HKEY_...  file=C:\...   what answers "access denied"; may be repeated
-//   [editor]       duration=2                  milliseconds that one registry editor command takes
+//   [editor]       start-up=1                  milliseconds until a registry editor is up
+//                  duration=2                  and that its command takes from there
 //                  format=utf-16               what it exports: utf-16 or 8-bit
 //   [attributes]   C:\...=RHSA                 attributes that the folder's files can't carry
 // clang-format on
@@ -27,16 +29,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/hosted/pc_drive.h"
 #include "platform/winapi.h"
 
 namespace tidemark::hosted {
-
-enum class DriveKind { kFixed, kRemovable, kCdRom, kNetwork };
-
-struct Drive {
-  DriveKind kind = DriveKind::kFixed;
-  bool ready = true;
-};
 
 // The initial values are those of a PC without a pc.ini.
 struct PcSettings {
@@ -58,12 +54,13 @@ struct PcSettings {
   std::array<std::string, 12> month_names;
 
   // Those that pc.ini names. A folder under drives/ alone makes a fixed drive too.
-  std::map<char, Drive> drives;  // by capital letter
+  std::map<char, PcDrive> drives;  // by capital letter
 
   std::vector<std::string> denied_keys;
   std::vector<std::string> denied_files;
   std::vector<std::pair<std::string, DWORD>> attributes;
 
+  std::uint32_t editor_start_up_ms = 1;
   std::uint32_t editor_duration_ms = 2;
   bool editor_writes_utf16 = true;
 

@@ -69,7 +69,7 @@ bool RegistryEditor::Start(std::string_view command_line) {
   const std::vector<std::string> arguments = SplitCommandLine(command_line);
   if (arguments.empty() || !IsEditor(arguments[0])) return false;
   if (arguments.size() < 3) return true;
-  const std::uint64_t due_us = NowUs() + std::uint64_t{kStartUpMs} * 1000;
+  const std::uint64_t due_us = NowUs() + std::uint64_t{start_up_ms_} * 1000;
   if (SameName(arguments[1], "/e")) {
     commands_.push_back({true, arguments[2], arguments.size() > 3 ? arguments[3] : "", due_us});
   } else if (SameName(arguments[1], "/s")) {
@@ -106,10 +106,12 @@ void RegistryEditor::RunUntil(std::uint64_t now_us) {
 bool RegistryEditor::Begin(Command& command) {
   command.file_open = true;
   command.due_us += std::uint64_t{duration_ms_} * 1000;
-  if (!command.exports) return true;
+  if (!command.exports) {
+    return HostedPc::Current().files().ReadWhole(command.file, command.text) == ERROR_SUCCESS;
+  }
   const std::size_t items = CountForExport(HostedPc::Current().registry(), command.key);
   if (items == 0) return false;
-  HostedPc::Current().files().WriteWhole(command.file, "");
+  if (HostedPc::Current().files().WriteWhole(command.file, "") != ERROR_SUCCESS) return false;
   command.due_us += kItemUs * items;
   return true;
 }
@@ -117,9 +119,7 @@ bool RegistryEditor::Begin(Command& command) {
 void RegistryEditor::End(const Command& command) {
   RegistryStore& registry = HostedPc::Current().registry();
   if (!command.exports) {
-    std::string text;
-    HostedPc::Current().files().ReadWhole(command.file, text);
-    ImportRegistryText(text, registry);
+    ImportRegistryText(command.text, registry);
     return;
   }
   const auto form = eight_bit_ ? RegistryTextForm::kRegedit4 : RegistryTextForm::kVersion5;

@@ -12,18 +12,16 @@ namespace tidemark::hosted {
 
 class RegistryEditor {
  public:
-  // What a started program takes until it runs.
-  static constexpr std::uint32_t kStartUpMs = 1;
-
   // Takes a command line; false when it does not start the registry editor ("regedit" or
   // "regedit.exe" in any case, with or without a folder). Without /e or /s the editor shows its
   // window, where nobody sits, and does nothing.
   bool Start(std::string_view command_line);
 
   // Does what is due by now. The platform calls make this; a cheap test when nothing is running. An
-  // export of a missing key leaves its file alone; any other makes its file empty when it has
-  // started up, and fills it when it ends with what the registry holds then: nothing, if the key is
-  // gone by then. An import reads its file when it ends; a file that is gone by then is lost.
+  // export of a missing key leaves its file alone, and so does one that can't write; any other
+  // makes its file empty when it has started up, and fills it when it ends with what the registry
+  // holds then: nothing, if the key is gone by then. An import reads its file when it has started
+  // up, and is lost if the file is gone by then; the registry has it when it ends.
   void CatchUp() {
     if (!commands_.empty() && !busy_) RunDue();
   }
@@ -32,7 +30,10 @@ class RegistryEditor {
   // Whether the file is being written by an editor at this moment: it can be read, but not deleted.
   bool IsWriting(std::string_view path) const;
 
-  // How long a command takes from its start to its end, beside what its size adds.
+  // How long a command takes until it is up, and has its file open.
+  void SetStartUp(std::uint32_t milliseconds) { start_up_ms_ = milliseconds; }
+  std::uint32_t StartUp() const { return start_up_ms_; }
+  // How long it takes from there to its end, beside what its size adds.
   void SetDuration(std::uint32_t milliseconds) { duration_ms_ = milliseconds; }
   // Whether the editor exports in the older 8-bit form, as on old PCs.
   void SetEightBit(bool eight_bit) { eight_bit_ = eight_bit; }
@@ -43,6 +44,7 @@ class RegistryEditor {
     std::string file;
     std::string key;  // of an export; empty for all
     std::uint64_t due_us;
+    std::string text = {};  // of an import, as it was read
     bool file_open = false;
   };
 
@@ -53,6 +55,7 @@ class RegistryEditor {
   void RunUntil(std::uint64_t now_us);
 
   std::vector<Command> commands_;
+  std::uint32_t start_up_ms_ = 1;
   std::uint32_t duration_ms_ = 2;
   bool eight_bit_ = false;
   bool busy_ = false;  // its own platform calls don't catch up

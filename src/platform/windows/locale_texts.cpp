@@ -20,6 +20,11 @@ std::string FormatDate(const SYSTEMTIME& time, DWORD flags, const wchar_t* pictu
   return Utf8(text, GetDateFormatW(LOCALE_USER_DEFAULT, flags, &time, picture, text, 128));
 }
 
+std::string LocaleText(LCTYPE type) {
+  wchar_t text[32] = L"";
+  return Utf8(text, GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, 32));
+}
+
 struct FreeText {
   BSTR text;
   ~FreeText() { SysFreeString(text); }
@@ -33,6 +38,9 @@ std::string TimeText(const SYSTEMTIME& time) {
   wchar_t text[128] = L"";
   return Utf8(text, GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &time, nullptr, text, 128));
 }
+
+std::string DateSeparator() { return LocaleText(LOCALE_SDATE); }
+std::string TimeSeparator() { return LocaleText(LOCALE_STIME); }
 
 std::string LongDateText(const SYSTEMTIME& time) {
   return FormatDate(time, 0, L"dddd, MMMM dd yyyy");

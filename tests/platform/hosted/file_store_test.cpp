@@ -20,7 +20,7 @@ class FileStoreTest : public testing::Test {
     std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
     root_ = mkdtemp(name.data());
     fs::create_directories(drive() / "Folder");
-    settings_.drives['E'] = Drive{DriveKind::kCdRom, false};
+    settings_.drives['E'] = PcDrive{DRIVE_CDROM, false, {}, {}};
   }
   ~FileStoreTest() override { fs::remove_all(root_); }
 

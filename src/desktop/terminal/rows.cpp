@@ -1,0 +1,81 @@
+#include "desktop/terminal/rows.h"
+
+#include "toolkit/tree_view.h"
+
+namespace tidemark {
+namespace {
+
+class ListRows : public Rows {
+ public:
+  explicit ListRows(ListView& list) : list_(list) {}
+  const Control& Source() const override { return list_; }
+  const std::vector<ColumnHeader>& Columns() const override { return list_.columns; }
+  bool HasCheckBoxes() const override { return list_.check_boxes; }
+  int Count() const override { return list_.Count(); }
+  const Text& Key(int row) const override { return list_.Item(row)->Key(); }
+  const Text& ColumnText(int row, int column) const override {
+    const ListItem& item = *list_.Item(row);
+    return column == 0 ? item.Caption() : item.SubItem(column);
+  }
+  bool Checked(int row) const override { return list_.Item(row)->Checked(); }
+  bool HasIcon(int row) const override { return list_.Item(row)->SmallIcon() != 0; }
+  int FindKey(std::string_view key) const override {
+    const ListItem* item = list_.Item(key);
+    if (item == nullptr) return 0;
+    int row = 1;
+    while (list_.Item(row) != item) ++row;
+    return row;
+  }
+  const void* Identity(int row) const override { return list_.Item(row); }
+  const void* SelectedIdentity() const override { return list_.SelectedItem(); }
+  const void* VisibleIdentity() const override { return list_.VisibleItem(); }
+  void UserCheck(int row, bool checked) override { list_.UserCheck(*list_.Item(row), checked); }
+  void UserSelect(int row) override { list_.UserSelect(*list_.Item(row)); }
+
+ private:
+  ListView& list_;
+};
+
+class TreeRows : public Rows {
+ public:
+  explicit TreeRows(TreeView& tree) : tree_(tree) {}
+  const Control& Source() const override { return tree_; }
+  const std::vector<ColumnHeader>& Columns() const override {
+    static const std::vector<ColumnHeader> kOneColumn = {{{}, 1, {}}};
+    return kOneColumn;
+  }
+  bool HasCheckBoxes() const override { return tree_.check_boxes; }
+  int Count() const override { return tree_.Count(); }
+  const Text& Key(int row) const override { return tree_.Node(row)->Key(); }
+  const Text& ColumnText(int row, int /*column*/) const override {
+    return tree_.Node(row)->Caption();
+  }
+  bool Checked(int row) const override { return tree_.Node(row)->Checked(); }
+  bool HasIcon(int row) const override { return tree_.Node(row)->Image() != 0; }
+  int FindKey(std::string_view key) const override {
+    int row = Count();
+    while (row > 0 && !(tree_.Node(row)->Key() == key)) --row;
+    return row;
+  }
+  const void* Identity(int row) const override { return tree_.Node(row); }
+  const void* SelectedIdentity() const override { return tree_.SelectedItem(); }
+  const void* VisibleIdentity() const override { return nullptr; }
+  void UserCheck(int row, bool checked) override {
+    TreeNode& node = *tree_.Node(row);
+    if (node.Checked() != checked) tree_.UserCheck(node, checked);
+  }
+  void UserSelect(int row) override { tree_.Select(tree_.Node(row)); }
+
+ private:
+  TreeView& tree_;
+};
+
+}  // namespace
+
+std::unique_ptr<Rows> RowsOf(Control& control) {
+  if (auto* list = dynamic_cast<ListView*>(&control)) return std::make_unique<ListRows>(*list);
+  if (auto* tree = dynamic_cast<TreeView*>(&control)) return std::make_unique<TreeRows>(*tree);
+  return nullptr;
+}
+
+}  // namespace tidemark

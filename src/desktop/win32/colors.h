@@ -1,0 +1,20 @@
+// The colours of the program's own painting: black on white, or those of the system where a person
+// has chosen high contrast.
+#pragma once
+
+#include "platform/winapi.h"
+
+namespace tidemark {
+
+bool HighContrast();
+COLORREF PanelColor();
+COLORREF PanelTextColor();
+// A hairline around panels and lists.
+COLORREF BorderColor();
+// A control's colour as design data writes it: 0x00BBGGRR, or a system colour's number with the top
+// bit set. White and black are the panels' two colours.
+COLORREF ColorOf(unsigned color);
+
+void FillWith(HDC context, const RECT& area, COLORREF color);
+
+}  // namespace tidemark

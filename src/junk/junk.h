@@ -1,0 +1,59 @@
+// The junk cleaner: the trade's way in. Files are found on the ticked drives by two editable
+// tables, the patterns that count as junk and the folders that are left alone; they are listed, and
+// sent to the recycle bin.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/winapi.h"
+#include "window/frmMain.h"
+
+namespace tidemark {
+
+// The criteria. Each table lives in three registry values, in three texts of the window with
+// entries divided by ";", and in a list with check boxes. A value that is missing gives the shipped
+// table.
+void LoadFileTypes(frmMain& window);
+void LoadExcludeFolders(frmMain& window);
+void SaveFileTypes(frmMain& window);
+void SaveExcludeFolders(frmMain& window);
+// 0 add, 1 edit, 2 remove, 3 revert to the shipped table; any other index does nothing.
+void EditFileTypes(frmMain& window, std::int16_t index);
+// 0 add, 1 edit, 2 remove; any other index does nothing.
+void EditExcludeFolders(frmMain& window, std::int16_t index);
+
+// The drives. Optical and RAM drives are not shown.
+void ShowDrivesList(frmMain& window);
+// Stores the ticks of tvDrives, whatever tree it is given.
+void SaveDrives(frmMain& window, TreeView& tree);
+
+// The whole scan of the ticked drives: returns when it has ended or was stopped.
+void ScanJunkFiles(frmMain& window);
+void ScanDriveForFiles(frmMain& window, const std::string& root);
+void ScanFolder(frmMain& window, const std::string& folder);
+void FilesScan(frmMain& window, const std::string& folder, const std::string& patterns);
+// Lists the file, unless it is read-only, a system file, or gone.
+void IdentifyFiles1(frmMain& window, const std::string& file);
+// Whether any entry of the exclude list, ticked or not, occurs in the path.
+void InExcludeFolder(const frmMain& window, const std::string& path, bool& answer);
+bool IsProtectedFile(DWORD attributes);
+// "H", "L", "R", "A", "S" for the attributes that are set, in this order.
+std::string AttributeLetters(DWORD attributes);
+void cmdJunkStop_Click(frmMain& window);
+
+// The result list.
+void lvJunkFiles_ColumnClick(frmMain& window, int column);
+void lvJunkFiles_DblClick(frmMain& window);
+// 0 tick all, 1 clear all, 2 invert, 3 remove the ticked rows, 4 remove all rows, 5 leave the page;
+// any other index does nothing.
+void cmdJunkFile_Click(frmMain& window, int index);
+// Sends the file to the recycle bin; what is not there is passed over.
+void ProcedureDel(std::string& path);
+void recycledelete(const std::string& path);
+
+// The page that holds the criteria and starts the scan.
+void cmdCleanJunk_Click(frmMain& window);
+void cmdJunkScan_Click(frmMain& window);
+
+}  // namespace tidemark

@@ -1,0 +1,75 @@
+// One found file: whether it is listed, and what its row says.
+#include <array>
+#include <optional>
+#include <string>
+
+#include "helpers/system_helpers.h"
+#include "junk/junk.h"
+#include "platform/file_system_object.h"
+#include "platform/locale_texts.h"
+
+namespace tidemark {
+namespace {
+
+// Columns of lvJunkFiles behind the path.
+enum JunkColumn { kSize = 1, kType, kCreated, kModified, kLetters };
+
+struct AttributeLetter {
+  DWORD attribute;
+  char letter;
+};
+constexpr DWORD kAlias = 64;
+constexpr std::array<AttributeLetter, 5> kAttributeLetters = {{
+    {FILE_ATTRIBUTE_HIDDEN, 'H'},
+    {kAlias, 'L'},
+    {FILE_ATTRIBUTE_READONLY, 'R'},
+    {FILE_ATTRIBUTE_ARCHIVE, 'A'},
+    {FILE_ATTRIBUTE_SYSTEM, 'S'},
+}};
+
+// A column that can't be read keeps what it has.
+void SetDate(ListItem& row, int column, const std::optional<SYSTEMTIME>& date) {
+  if (date) row.SetSubItem(column, DateTimeText(*date));
+}
+
+}  // namespace
+
+void IdentifyFiles1(frmMain& window, const std::string& path) {
+  FileSystemObject::File file;
+  if (FileSystemObject().GetFile(path, file) != FileSystemObject::kNone) return;
+  const std::optional<DWORD> attributes = file.Attributes();
+  if (!attributes || IsProtectedFile(*attributes)) return;
+  window.front_end.DoEvents();
+  ListItem* row = window.lvJunkFiles.Add({}, file.Path());
+  if (const auto size = file.Size()) row->SetSubItem(kSize, std::to_string(*size));
+  row->SetSubItem(kType, file.Type());
+  row->SetSubItem(kCreated, "Unspecified");
+  SetDate(*row, kCreated, file.DateCreated());
+  SetDate(*row, kModified, file.DateLastModified());
+  row->SetSubItem(kLetters, AttributeLetters(*attributes));
+  row->SetChecked(true);
+  window.front_end.DoEvents();
+}
+
+bool IsProtectedFile(DWORD attributes) {
+  return (attributes & (FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_READONLY)) != 0;
+}
+
+std::string AttributeLetters(DWORD attributes) {
+  std::string letters;
+  for (const AttributeLetter& one : kAttributeLetters) {
+    if ((attributes & one.attribute) != 0) letters += one.letter;
+  }
+  return letters;
+}
+
+void lvJunkFiles_ColumnClick(frmMain& window, int column) {
+  window.lvJunkFiles.SortInTurns(column);
+}
+
+void lvJunkFiles_DblClick(frmMain& window) {
+  const ListItem* selected = window.lvJunkFiles.SelectedItem();
+  if (selected != nullptr) ShowFileProperties(selected->Caption().String());
+}
+
+}  // namespace tidemark

@@ -1,0 +1,217 @@
+// Shell links through the shell's own objects: IShellLink and IPersistFile, which every Windows
+// has.
+#include "platform/shell_link.h"
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "platform/file_system_object.h"
+#include "platform/letter_case.h"
+#include "platform/link_soundness.h"
+#include "platform/winapi.h"
+
+namespace tidemark {
+namespace {
+
+struct Release {
+  void operator()(IUnknown* object) const { object->Release(); }
+};
+template <class Interface>
+using ComPtr = std::unique_ptr<Interface, Release>;
+
+// COM for as long as the object lives; a thread that has it already keeps it.
+class ComScope {
+ public:
+  ComScope() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+  ~ComScope() {
+    if (SUCCEEDED(result_)) CoUninitialize();
+  }
+  ComScope(const ComScope&) = delete;
+  ComScope& operator=(const ComScope&) = delete;
+
+ private:
+  HRESULT result_;
+};
+
+// Makes links. Looking the class up in the registry costs more than reading a link, so it is done
+// once, and COM stays: one thread asks for links, to the program's end.
+class LinkMaker {
+ public:
+  // Null when the shell has no such class.
+  static ComPtr<IShellLinkW> Make() {
+    static const LinkMaker maker;
+    void* link = nullptr;
+    if (!maker.factory_ ||
+        FAILED(maker.factory_->CreateInstance(nullptr, IID_IShellLinkW, &link))) {
+      return {};
+    }
+    return ComPtr<IShellLinkW>(static_cast<IShellLinkW*>(link));
+  }
+
+ private:
+  LinkMaker() {
+    void* factory = nullptr;
+    if (SUCCEEDED(CoGetClassObject(CLSID_ShellLink, CLSCTX_INPROC_SERVER, nullptr,
+                                   IID_IClassFactory, &factory))) {
+      factory_.reset(static_cast<IClassFactory*>(factory));
+    }
+  }
+
+  ComScope com_;
+  ComPtr<IClassFactory> factory_;
+};
+
+// Null when the object lacks the interface.
+template <class Interface>
+ComPtr<Interface> As(IShellLinkW& link, REFIID interface_id) {
+  void* found = nullptr;
+  if (FAILED(link.QueryInterface(interface_id, &found))) return {};
+  return ComPtr<Interface>(static_cast<Interface*>(found));
+}
+
+constexpr int kLongestText = 32768;
+
+std::wstring Wide(std::string_view text) {
+  const int size = static_cast<int>(text.size());
+  std::wstring wide(text.size(), L'\0');
+  wide.resize(static_cast<std::size_t>(
+      MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), size)));
+  return wide;
+}
+
+std::string Narrow(const std::wstring& text) {
+  const int size = static_cast<int>(text.size());
+  std::string narrow(text.size() * 3, '\0');
+  narrow.resize(static_cast<std::size_t>(
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(),
+                          static_cast<int>(narrow.size()), nullptr, nullptr)));
+  return narrow;
+}
+
+// The link of these bytes, which are read at once: the shell reads a file in small pieces. Null
+// when they are none.
+ComPtr<IShellLinkW> Load(std::string_view bytes) {
+  ComPtr<IShellLinkW> link = LinkMaker::Make();
+  if (!link) return {};
+  const ComPtr<IStream> stream(SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
+                                                 static_cast<UINT>(bytes.size())));
+  const auto persist = As<IPersistStream>(*link, IID_IPersistStream);
+  if (!stream || !persist || FAILED(persist->Load(stream.get()))) return {};
+  return link;
+}
+
+// What a getter that fills a buffer gives; empty when it fails.
+template <class Getter>
+std::wstring TextOf(Getter&& getter) {
+  static std::wstring buffer(kLongestText, L'\0');  // made once: a scan reads thousands
+  buffer[0] = L'\0';
+  if (FAILED(getter(buffer.data(), kLongestText))) return {};
+  return buffer.c_str();
+}
+
+std::wstring IconOf(IShellLinkW& link, int& index) {
+  return TextOf([&](wchar_t* text, int size) { return link.GetIconLocation(text, size, &index); });
+}
+
+// The shell knows no others.
+bool IsFullPath(const std::string& file) {
+  return file.find(":\\") == 1 || file.starts_with("\\\\");
+}
+
+std::string NameOf(const std::string& file) {
+  std::string name = file.substr(file.find_last_of("\\/") + 1);
+  if (UpperCase(name).ends_with(".LNK")) name.resize(name.size() - 4);
+  return name;
+}
+
+DWORD FlagsOf(IShellLinkW& link) {
+  const auto data = As<IShellLinkDataList>(link, IID_IShellLinkDataList);
+  DWORD flags = 0;
+  return data && SUCCEEDED(data->GetFlags(&flags)) ? flags : 0;
+}
+
+std::string PathOf(IShellLinkW& link) {
+  return Narrow(
+      TextOf([&](wchar_t* text, int size) { return link.GetPath(text, size, nullptr, 0); }));
+}
+
+std::string TargetOf(IShellLinkW& link, const std::string& file) {
+  const DWORD flags = FlagsOf(link);
+  // For an advertised link of an installer, which has no path, the shell makes one up.
+  if ((flags & SLDF_HAS_DARWINID) != 0) return {};
+  std::string target = PathOf(link);
+  if (!target.empty() || (flags & SLDF_HAS_RELPATH) == 0) return target;
+  // A relative path starts where the link stands, so the shell has to know the file.
+  const ComPtr<IShellLinkW> placed = LinkMaker::Make();
+  const auto persist = placed ? As<IPersistFile>(*placed, IID_IPersistFile) : nullptr;
+  if (!persist || FAILED(persist->Load(Wide(file).c_str(), STGM_READ))) return {};
+  return PathOf(*placed);
+}
+
+// Reads a link that there is; null, and the status, for any other file.
+ComPtr<IShellLinkW> Open(const std::string& file, LinkStatus& status) {
+  const auto bytes = IsFullPath(file) ? FileSystemObject().ReadAll(file) : std::nullopt;
+  if (!bytes) {
+    const bool is_there = IsFullPath(file) && FileSystemObject().FileExists(file);
+    status = is_there ? LinkStatus::kFailed : LinkStatus::kNoItem;
+    return {};
+  }
+  ComPtr<IShellLinkW> link = IsSoundLinkFile(*bytes) ? Load(*bytes) : nullptr;
+  status = link ? LinkStatus::kDone : LinkStatus::kFailed;
+  return link;
+}
+
+}  // namespace
+
+LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
+  LinkStatus status;
+  const ComPtr<IShellLinkW> opened = Open(file, status);
+  if (!opened) return status;
+  IShellLinkW& link = *opened;
+  LinkFields read;
+  read.name = NameOf(file);
+  read.target = TargetOf(link, file);
+  read.arguments =
+      Narrow(TextOf([&](wchar_t* text, int size) { return link.GetArguments(text, size); }));
+  read.description =
+      Narrow(TextOf([&](wchar_t* text, int size) { return link.GetDescription(text, size); }));
+  read.working_directory =
+      Narrow(TextOf([&](wchar_t* text, int size) { return link.GetWorkingDirectory(text, size); }));
+  read.icon_file = Narrow(IconOf(link, read.icon_index));
+  WORD hot_key = 0;
+  int show_command = 0;
+  if (SUCCEEDED(link.GetHotkey(&hot_key))) read.hot_key = hot_key;
+  if (SUCCEEDED(link.GetShowCmd(&show_command))) read.show_command = show_command;
+  fields = std::move(read);
+  return LinkStatus::kDone;
+}
+
+LinkStatus ChangeLinkFile(const std::string& file, const LinkFields& fields) {
+  LinkStatus status;
+  const ComPtr<IShellLinkW> old = Open(file, status);
+  if (!old) return status;
+  // All fields are set, so a new link takes the old one's place: of a loaded one Wine writes the
+  // relative path without a word in the header, and all texts behind it are then read wrong.
+  const ComPtr<IShellLinkW> changed = LinkMaker::Make();
+  const auto persist = changed ? As<IPersistFile>(*changed, IID_IPersistFile) : nullptr;
+  if (!persist) return LinkStatus::kFailed;
+  IShellLinkW& link = *changed;
+  int icon_index = fields.icon_index;
+  std::wstring icon_file = Wide(fields.icon_file);
+  if (icon_file.empty()) icon_file = IconOf(*old, icon_index);
+  // A target that is missing is stored all the same (S_FALSE).
+  const bool set =
+      SUCCEEDED(link.SetPath(Wide(fields.target).c_str())) &&
+      SUCCEEDED(link.SetArguments(Wide(fields.arguments).c_str())) &&
+      SUCCEEDED(link.SetDescription(Wide(fields.description).c_str())) &&
+      SUCCEEDED(link.SetHotkey(fields.hot_key)) &&
+      SUCCEEDED(link.SetShowCmd(fields.show_command)) &&
+      SUCCEEDED(link.SetWorkingDirectory(Wide(fields.working_directory).c_str())) &&
+      (icon_file.empty() || SUCCEEDED(link.SetIconLocation(icon_file.c_str(), icon_index)));
+  if (!set || FAILED(persist->Save(Wide(file).c_str(), TRUE))) return LinkStatus::kFailed;
+  return LinkStatus::kDone;
+}
+
+}  // namespace tidemark

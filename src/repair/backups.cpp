@@ -1,0 +1,121 @@
+#include "repair/backups.h"
+
+#include <string>
+#include <string_view>
+
+#include "helpers/system_helpers.h"
+#include "helpers/text_helpers.h"
+#include "platform/file_system_object.h"
+#include "platform/locale_texts.h"
+#include "platform/program_start.h"
+#include "platform/winapi.h"
+
+namespace tidemark {
+namespace {
+
+constexpr int kBackupIcon = 3;
+
+std::string BackupFolder(const frmMain& window) { return window.application.folder + "\\backup"; }
+
+// The row's text is all that leads to its file.
+std::string BackupFile(const frmMain& window, std::string_view row_text) {
+  return (BackupFolder(window) + "\\").append(TrimBlanks(row_text));
+}
+
+void ShowBox(frmMain& window, std::string_view caption, const std::string& message,
+             bool is_question) {
+  window.MessBoxAnswer = "EMPTY";
+  window.MakeMessBox();
+  frmMessBox& box = *window.mess_box;
+  box.form.SetCaption(std::string(caption));
+  for (CommandButton* button : {&box.cmdNo, &box.cmdYes, &box.cmdOK}) {
+    const bool offered = is_question == (button != &box.cmdOK);
+    button->SetEnabled(offered);
+    button->SetVisible(offered);
+  }
+  box.lblMessage.SetCaption(message);
+  window.front_end.Show(box.form);
+}
+
+void Tell(frmMain& window, std::string_view caption, const std::string& message) {
+  ShowBox(window, caption, message, /*is_question=*/false);
+}
+
+// The box is not modal, so the wait is a busy loop, and all else goes on in it. On purpose.
+bool Ask(frmMain& window, std::string_view caption, const std::string& message) {
+  ShowBox(window, caption, message, /*is_question=*/true);
+  while (window.MessBoxAnswer == "EMPTY") window.front_end.DoEvents();
+  return window.MessBoxAnswer != "NO";
+}
+
+}  // namespace
+
+void Loadbackup(frmMain& window) {
+  window.LvBackup.Clear();
+  const std::string folder = BackupFolder(window);
+  CreateNewFolder(folder);
+  if (!IsExistingFolder(folder)) FileSystemObject().CreateFolder(folder);
+  window.File1.SetPath(folder);  // where there is none, the folder before stays
+  window.File1.Refresh();
+  for (int index = 0; index < window.File1.ListCount(); ++index) {
+    window.File1.SetListIndex(index);
+    const std::string name = window.File1.List(index);
+    ListItem* row = window.LvBackup.Add({}, name);
+    row->SetSmallIcon(kBackupIcon);
+    FileSystemObject::File file;
+    if (FileSystemObject().GetFile((folder + "\\").append(name), file)) continue;
+    if (const auto changed = file.DateLastModified()) row->SetSubItem(1, DateTimeText(*changed));
+  }
+}
+
+void cmdBakupReg_Click(frmMain& window) {
+  const std::string folder = AddBackslash(window.application.folder) + "backup";
+  if (!IsExistingFolder(folder)) CreateNewFolder(folder);
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  // Two blanks behind the program's name, on purpose.
+  StartProgram("regedit  /e \"" + folder + "\\RegBackup_" + FormatTime(now, "yymmdd") + "_" +
+                   FormatTime(now, "hhnnss") + ".reg\"",
+               WindowStyle::kMinimizedFocus);
+  // The export may still be running, so that its file is not there yet, or shows an earlier time.
+  Tell(window, "Tidemark - Manual Backup Complete!",
+       "You have successfully created a backup of your registry\r\n"
+       "This backup file can be used to 'Restore' your current \r\n"
+       "registry settings at anytime");
+  Loadbackup(window);
+}
+
+void cmdRestore_Click(frmMain& window) {
+  const ListItem* row = window.LvBackup.SelectedItem();
+  if (row == nullptr) return;
+  // The list may be filled anew while the question is up.
+  const std::string row_text = row->Caption().String();
+  const std::string file = BackupFile(window, row_text);
+  if (IsExistingFile(file)) {
+    if (!Ask(window, "Tidemark - Restore Backup File?",
+             "Are you sure you would like to restore your registry using the backup file:\r\n" +
+                 row_text)) {
+      return;
+    }
+    // Two blanks behind the switch, on purpose. A restored file is used up; the editor, which is
+    // not awaited, competes with its deletion.
+    StartProgram("regedit /s  \"" + file + "\"", WindowStyle::kMinimizedFocus);
+    DeleteFileA(file.c_str());
+    Tell(window, "Tidemark - Restore Complete!", "The selected backup file has been restored!");
+  }
+  Loadbackup(window);
+}
+
+void cmdRemove_Click(frmMain& window) {
+  const ListItem* row = window.LvBackup.SelectedItem();
+  if (row == nullptr) return;
+  const std::string row_text = row->Caption().String();
+  if (!Ask(window, "Tidemark - Delete Backup File?",
+           "Are you sure you would like to delete the backup file:\r\n" + row_text)) {
+    return;
+  }
+  DeleteFileA(BackupFile(window, row_text).c_str());
+  Loadbackup(window);
+}
+
+}  // namespace tidemark

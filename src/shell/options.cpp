@@ -1,0 +1,85 @@
+#include "shell/options.h"
+
+#include <string>
+
+#include "platform/winapi.h"
+#include "registry/mdlRegistry.h"
+#include "shell/stored_settings.h"
+
+namespace tidemark {
+namespace {
+
+constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run\\";
+
+void EnableButtons(frmMain& window, bool enabled) {
+  window.cmdOptApply.SetEnabled(enabled);
+  window.cmdOptCancel.SetEnabled(enabled);
+}
+
+void EnableSchedules(frmMain& window) {
+  const bool enabled = window.chkScheduler.Value() == 1;
+  for (int index = 0; index < window.optSchedule.Count(); ++index) {
+    window.optSchedule(index).SetEnabled(enabled);
+  }
+}
+
+// Empty when none is chosen.
+std::string ChosenSchedule(frmMain& window) {
+  for (int index = 0; index < window.optSchedule.Count(); ++index) {
+    if (window.optSchedule(index).Value()) return std::to_string(index);
+  }
+  return {};
+}
+
+}  // namespace
+
+void LoadOptions(frmMain& window) {
+  TakeNumber(window.chkStartup, Setting("Startup", "1"));
+  if (window.chkStartup.Value() == 1) SetStartupEntry(window, true);
+  TakeNumber(window.chkSystray, Setting("ShowinSystray", "0"));
+  TakeNumber(window.chkScheduler, Setting("Scheduler", "0"));
+  int schedule = -1;
+  TakeNumber(schedule, Setting("SchedulerType", "3"));
+  // A number that no button has leaves the last choice.
+  if (OptionButton* button = window.optSchedule.Find(schedule)) button->SetValue(true);
+  EnableButtons(window, false);
+  EnableSchedules(window);
+}
+
+// The name holds the version, so an entry of an older version is neither seen nor removed.
+void SetStartupEntry(const frmMain& window, bool start) {
+  const Application& program = window.application;
+  const std::string name =
+      program.title + " - " + std::to_string(program.major) + "." + std::to_string(program.minor);
+  if (!start) {
+    DeleteRegValue(HKEY_CURRENT_USER, kRunKey, name);
+    return;
+  }
+  // Nothing reads the "/m".
+  const std::string command = program.folder + "\\" + program.executable + ".exe /m";
+  DWORD disposition = 0;
+  WriteRegValue(HKEY_CURRENT_USER, kRunKey, name, command, REG_SZ, disposition);
+}
+
+void chkStartup_Click(frmMain& window) { EnableButtons(window, true); }
+void chkSystray_Click(frmMain& window) { EnableButtons(window, true); }
+void optSchedule_Click(frmMain& window) { EnableButtons(window, true); }
+
+void chkScheduler_Click(frmMain& window) {
+  EnableSchedules(window);
+  EnableButtons(window, true);
+}
+
+void cmdOptApply_Click(frmMain& window) {
+  SaveSetting("Startup", std::to_string(window.chkStartup.Value()));
+  SetStartupEntry(window, window.chkStartup.Value() != 0);
+  SaveSetting("ShowinSystray", std::to_string(window.chkSystray.Value()));
+  SaveSetting("Scheduler", std::to_string(window.chkScheduler.Value()));
+  SaveSetting("SchedulerType", ChosenSchedule(window));
+  EnableButtons(window, false);
+  window.Scheduler();
+}
+
+void cmdOptCancel_Click(frmMain& window) { LoadOptions(window); }
+
+}  // namespace tidemark

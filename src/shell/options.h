@@ -1,0 +1,25 @@
+// The Options tab: start with Windows, start in the notification area, the schedule. What is set
+// there counts when it is applied.
+#pragma once
+
+#include "window/frmMain.h"
+
+namespace tidemark {
+
+// Shows the stored options. Writes the logon entry again when the program is to start with Windows,
+// which it is unless a person has said otherwise; never removes it.
+void LoadOptions(frmMain& window);
+
+// Writes or removes the value that makes Windows start the program at logon. Failures are not told.
+void SetStartupEntry(const frmMain& window, bool start);
+
+// A change of one of the options: there is something to apply or to cancel.
+void chkStartup_Click(frmMain& window);
+void chkSystray_Click(frmMain& window);
+void chkScheduler_Click(frmMain& window);
+void optSchedule_Click(frmMain& window);
+
+void cmdOptApply_Click(frmMain& window);
+void cmdOptCancel_Click(frmMain& window);
+
+}  // namespace tidemark

@@ -1,0 +1,201 @@
+// Switching the programs that start with Windows off and on, adding and deleting them.
+#include <string>
+
+#include "helpers/modShortcut.h"
+#include "helpers/system_helpers.h"
+#include "platform/file_system_object.h"
+#include "registry/ini_access.h"
+#include "registry/mdlRegistry.h"
+#include "startup/startup.h"
+#include "startup/startup_sources.h"
+
+namespace tidemark {
+namespace {
+
+// A row's fields, which outlive the row.
+struct Entry {
+  explicit Entry(const ListItem& row)
+      : name(row.Caption().String()),
+        command(row.SubItem(kCommand).String()),
+        exists(row.SubItem(kExists).String()),
+        location(row.SubItem(kLocation).String()),
+        kind(row.SubItem(kKind).String()),
+        ticked(row.Checked()) {}
+
+  bool IsInStartupFolder() const {
+    return (kind == "File" || kind == "Lnk") &&
+           (location == kStartupAllUsers || location == kStartupCurrentUser);
+  }
+  std::string FileName() const { return kind == "Lnk" ? name + ".lnk" : name; }
+  bool operator==(const Entry&) const = default;
+
+  std::string name, command, exists, location, kind;
+  bool ticked;
+};
+
+// The rules of the two keys of win.ini: where an entry goes when it is disabled, and what is said
+// when that fails. They are not alike, on purpose: an entry of Load goes to a section that nothing
+// reads.
+struct IniRule {
+  const char* location;
+  const char* key;
+  const char* disabled_section;
+  const char* failure_title;
+};
+constexpr IniRule kIniRules[] = {
+    {kWinIniRun, "Run", kDisabledSection, "Program can not be disabled"},
+    {kWinIniLoad, "Load", "SM_DisabledWindows", "Program can't be disabled"},
+};
+
+const IniRule* FindIniRule(const Entry& entry) {
+  if (entry.kind != "File") return nullptr;
+  for (const IniRule& rule : kIniRules) {
+    if (entry.location == rule.location) return &rule;
+  }
+  return nullptr;
+}
+
+void Complain(frmMain& window, const char* text, const char* title) {
+  window.front_end.ShowMessage(text, title, MessageIcon::kCritical);
+}
+
+bool Move(HKEY root, const std::string& from, const std::string& to, const std::string& name,
+          const std::string& command) {
+  DWORD disposition = 0;
+  if (!WriteRegValue(root, to, name, command, REG_SZ, disposition)) return false;
+  DeleteItem(root, from, name);
+  return true;
+}
+
+void SwitchRegistryEntry(frmMain& window, ListItem& row, const Entry& entry) {
+  const HKEY root = GetHKey(entry.location);
+  const std::string path = GetSubKey(entry.location);
+  if (entry.ticked) {
+    if (!EnableProgram(window, root, path, entry.name, entry.command)) return;
+  } else {
+    if (!DisableProgram(window, root, path, entry.name, entry.command)) return;
+  }
+  row.SetSubItem(kEnabled, entry.ticked ? kEnabledText : kDisabledText);
+}
+
+// What is written is the word of the column "Exists", not the command. On purpose.
+void SwitchIniEntry(frmMain& window, ListItem& row, const Entry& entry, const IniRule& rule) {
+  const std::string file = WinIniFile();
+  if (entry.ticked) {
+    if (!WriteIniValue(kEnabledSection, rule.key, entry.exists, file)) {
+      Complain(window, "Unable to set program", "Program not added to Win.ini");
+      return;
+    }
+    WriteIniValue(kDisabledSection, rule.key, "", file);
+  } else {
+    if (!WriteIniValue(rule.disabled_section, rule.key, entry.exists, file)) {
+      Complain(window, "Unable to disable program", rule.failure_title);
+      return;
+    }
+    WriteIniValue(kEnabledSection, rule.key, "", file);
+  }
+  row.SetSubItem(kEnabled, entry.ticked ? kEnabledText : kDisabledText);
+}
+
+// Copies, then deletes, with no test between: a file whose copy failed is gone. On purpose.
+void SwitchFile(frmMain& window, ListItem& row, const Entry& entry) {
+  const std::string live = AddBackslash(LiveFolder(entry.location)) + entry.FileName();
+  const std::string store = StoreFolder(window, entry.location) + "\\" + entry.FileName();
+  const std::string& from = entry.ticked ? store : live;
+  FileSystemObject files;
+  files.CopyFile(from, entry.ticked ? live : store);
+  files.DeleteFile(from, false);
+  row.SetSubItem(kEnabled, entry.ticked ? kEnabledText : kDisabledText);
+}
+
+void WriteRegistryEntry(frmMain& window, const Entry& entry) {
+  const HKEY root = GetHKey(entry.location);
+  const std::string path = GetSubKey(entry.location);
+  DWORD type = 0;
+  if (SetRegValue(root, path, entry.name, entry.command, type) == ERROR_SUCCESS) return;
+  DWORD disposition = 0;
+  if (WriteRegValue(root, path, entry.name, entry.command, REG_SZ, disposition)) return;
+  Complain(window, "Unable to add new item", "New item creation failour");
+}
+
+void WriteLink(frmMain& window, const Entry& entry) {
+  std::string file = AddBackslash(LiveFolder(entry.location)) + entry.name + ".lnk";
+  const NewShortcut link{.target = entry.command, .description = entry.name};
+  if (WriteShortcut(window.front_end, file, AskBeforeReplacing::kYes, link)) return;
+  Complain(window, "Unable to add new item", "New item creation failour");
+}
+
+}  // namespace
+
+void EnabledDisableProgram(frmMain& window, ListItem& program) {
+  const Entry entry(program);
+  if (entry.kind == "Reg") {
+    SwitchRegistryEntry(window, program, entry);
+  } else if (const IniRule* rule = FindIniRule(entry)) {
+    SwitchIniEntry(window, program, entry, *rule);
+  } else if (entry.IsInStartupFolder()) {
+    SwitchFile(window, program, entry);
+  }
+}
+
+bool DisableProgram(frmMain& window, HKEY root, const std::string& path, const std::string& name,
+                    const std::string& command) {
+  if (Move(root, path, TwinKey(path), name, command)) return true;
+  Complain(window, "Unable to disable this program", "Program not disabled");
+  return false;
+}
+
+bool EnableProgram(frmMain& window, HKEY root, const std::string& path, const std::string& name,
+                   const std::string& command) {
+  if (Move(root, TwinKey(path), path, name, command)) return true;
+  Complain(window, "Unable to enable this program", "Program not enabled");
+  return false;
+}
+
+bool DeleteItem(HKEY root, const std::string& path, const std::string& name) {
+  DeleteRegValue(root, path, name);
+  return false;
+}
+
+void AddNew(frmMain& window, const ListItem& program) {
+  const Entry entry(program);
+  if (entry.kind == "Reg") {
+    WriteRegistryEntry(window, entry);
+  } else if (entry.kind == "Lnk") {
+    WriteLink(window, entry);
+  }
+  loadPrograms(window);
+}
+
+void DeleteProgram(frmMain& window, const ListItem& program) {
+  const Entry entry(program);
+  if (entry.kind == "Reg") {
+    const std::string path = GetSubKey(entry.location);
+    DeleteItem(GetHKey(entry.location), entry.ticked ? path : TwinKey(path), entry.name);
+  } else if (const IniRule* rule = FindIniRule(entry)) {
+    WriteIniValue(entry.ticked ? kEnabledSection : kDisabledSection, rule->key, "", WinIniFile());
+  } else if (entry.IsInStartupFolder()) {
+    const std::string folder =
+        entry.ticked ? LiveFolder(entry.location) : StoreFolder(window, entry.location);
+    FileSystemObject().DeleteFile(AddBackslash(folder) + entry.FileName(), false);
+  }
+  loadPrograms(window);
+}
+
+void mnuAddNew_Click(frmMain& window) {
+  if (const ListItem* program = window.lvPrograms.SelectedItem()) AddNew(window, *program);
+}
+
+void mnuDeleteProgram_Click(frmMain& window) {
+  const ListItem* program = window.lvPrograms.SelectedItem();
+  if (program == nullptr) return;
+  const Entry asked(*program);
+  const std::string question =
+      "Are you sure you want to delete this entry?\r\n" + asked.name + "\r\n" + asked.location;
+  if (!window.front_end.AskYesNo(question, window.application.title)) return;
+  // The list may have been filled anew while the question was open.
+  program = window.lvPrograms.SelectedItem();
+  if (program != nullptr && Entry(*program) == asked) DeleteProgram(window, *program);
+}
+
+}  // namespace tidemark

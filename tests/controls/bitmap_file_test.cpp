@@ -1,0 +1,115 @@
+#include "toolkit/bitmap_file.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+std::string Number(std::uint32_t number, int size) {
+  std::string bytes;
+  for (int i = 0; i < size; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFFU);
+  return bytes;
+}
+
+// The two headers of a file; `masks` stands between them and the pixels.
+std::string Headers(int width, int height, int bits, int compression = 0,
+                    const std::string& masks = {}) {
+  const auto size = static_cast<std::uint32_t>(54 + masks.size());
+  return "BM" + std::string(8, '\0') + Number(size, 4) + Number(40, 4) +
+         Number(static_cast<std::uint32_t>(width), 4) +
+         Number(static_cast<std::uint32_t>(height), 4) + Number(1, 2) +
+         Number(static_cast<std::uint32_t>(bits), 2) +
+         Number(static_cast<std::uint32_t>(compression), 4) + std::string(20, '\0') + masks;
+}
+
+using Pixels = std::vector<std::uint32_t>;
+
+TEST(BitmapFile, ReadsTwentyFourAndThirtyTwoBitsInEitherRowOrder) {
+  // Blue, green, red; a row of one pixel of 24 bits is filled up with a byte.
+  const std::string two_rows_24 = Headers(1, 2, 24) + "\x01\x02\x03.\x11\x12\x13.";
+  const std::string masks = Number(0xFF0000, 4) + Number(0xFF00, 4) + Number(0xFF, 4);
+  const std::string one_row_32 = Number(0x80112233, 4) + Number(0x00445566, 4);
+  const struct {
+    std::string bytes;
+    Pixels pixels;
+  } cases[] = {
+      {two_rows_24, {0xFF131211, 0xFF030201}},
+      {Headers(1, -2, 24) + two_rows_24.substr(54), {0xFF030201, 0xFF131211}},
+      {Headers(2, 1, 32) + one_row_32, {0x80112233, 0x00445566}},
+      {Headers(2, 1, 32, 3, masks) + one_row_32, {0x80112233, 0x00445566}},
+      {Headers(1, 1, 32) + Number(0x00445566, 4), {0xFF445566}},  // no alpha at all: opaque
+  };
+  for (const auto& c : cases) {
+    const auto bitmap = ReadBitmap(c.bytes);
+    ASSERT_TRUE(bitmap);
+    EXPECT_EQ(bitmap->pixels, c.pixels);
+  }
+}
+
+TEST(BitmapFile, RefusesWhatIsNoSuchPicture) {
+  const std::string pixels(64, 'x');
+  const std::string cases[] = {
+      "",
+      "BM",
+      "PNG" + Headers(1, 1, 24) + pixels,
+      Headers(1, 1, 8) + pixels,
+      Headers(1, 1, 24, 1) + pixels,
+      Headers(1, 1, 32, 3, std::string(12, 'm')) + pixels,
+      Headers(0, 1, 24) + pixels,
+      Headers(-1, 1, 24) + pixels,
+      Headers(1, 0, 24) + pixels,
+      Headers(5, 5, 24) + pixels,  // needs 80 bytes
+      Headers(0x7FFFFFFF, 0x7FFFFFFF, 32) + pixels,
+      Headers(1, static_cast<int>(0x80000000U), 32) + pixels,
+  };
+  for (const auto& bytes : cases) EXPECT_FALSE(ReadBitmap(bytes)) << testing::PrintToString(bytes);
+}
+
+TEST(BitmapFile, NeverReadsOutsideDamagedBytes) {
+  const std::string whole = Headers(3, 3, 24) + std::string(36, 'x');
+  ASSERT_TRUE(ReadBitmap(whole));
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    EXPECT_FALSE(ReadBitmap(std::string(whole, 0, size))) << size;
+  }
+  std::mt19937 random(7);
+  for (int round = 0; round < 20000; ++round) {
+    std::string damaged = whole.substr(0, random() % (whole.size() + 1));
+    for (int hits = 0; hits < 3 && !damaged.empty(); ++hits) {
+      damaged[random() % damaged.size()] = static_cast<char>(random());
+    }
+    const auto bitmap = ReadBitmap(damaged);
+    if (!bitmap) continue;
+    ASSERT_EQ(bitmap->pixels.size(),
+              static_cast<std::size_t>(bitmap->width) * static_cast<std::size_t>(bitmap->height));
+  }
+}
+
+TEST(BitmapFile, PaintsItsPixelsBlendedAndStretched) {
+  Bitmap bitmap{2, 1, {0xFFFF0000, 0x000000FF}};  // red, and a blue that nothing is seen of
+  Canvas canvas(4, 1);
+  PaintBitmap(bitmap, bitmap.Area(), {0, 0, 2, 1}, canvas);
+  EXPECT_EQ(canvas.Pixels(), (Pixels{0xFF0000, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}));
+  PaintBitmap(bitmap, bitmap.Area(), {0, 0, 4, 1}, canvas);
+  EXPECT_EQ(canvas.Pixels(), (Pixels{0xFF0000, 0xFF4040, 0xFFBFBF, 0xFFFFFF}));
+  const auto before = canvas.Pixels();
+  PaintBitmap(bitmap, {1, 0, 3, 1}, {0, 0, 4, 1}, canvas);  // a part that is not all there
+  PaintBitmap(bitmap, bitmap.Area(), {9, -9, 30, -2}, canvas);
+  EXPECT_EQ(canvas.Pixels(), before);
+}
+
+TEST(BitmapFile, LoadsAFileOfThePc) {
+  TestPc pc;
+  const std::string file = pc.folder() + "\\faces.bmp";
+  pc.MakeFile(file, Headers(1, 1, 24) + "\x01\x02\x03.");
+  const auto bitmap = LoadBitmapFile(file);
+  ASSERT_TRUE(bitmap);
+  EXPECT_EQ(bitmap->pixels, Pixels{0xFF030201});
+  EXPECT_FALSE(LoadBitmapFile(pc.folder() + "\\missing.bmp"));
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,258 @@
+#include "controls/xpcmdbutton.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+#include <utility>
+
+#include "support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+// A button that writes down what it raises, in a window of another font.
+struct PushButton : testing::Test {
+  PushButton() {
+    form.SetFont({.tenths_of_points = 97, .bold = true});
+    button = std::make_unique<xpcmdbutton>(&form, "cmdFinish");
+    button->SetSize(80, 26);
+    const auto write = [this](const char* name) { log += std::string(name) + ' '; };
+    button->MouseDown.Bind([write](int, int, int, int) { write("down"); });
+    button->MouseMove.Bind([write](int, int, int, int) { write("move"); });
+    button->MouseUp.Bind([write](int, int, int, int) { write("up"); });
+    button->MouseLeave.Bind([write] { write("leave"); });
+    button->KeyDown.Bind([write](int, int) { write("keydown"); });
+    button->KeyPress.Bind([write](int) { write("keypress"); });
+    button->KeyUp.Bind([write](int, int) { write("keyup"); });
+    button->Clicked.Bind([write] { write("click"); });
+  }
+
+  void Act(char act, int x) {
+    const int y = 25;
+    if (act == 'd' || act == 'r') button->UserMouseDown(act == 'd' ? 1 : 2, 0, x, y);
+    if (act == 'u' || act == 'q') button->UserMouseUp(act == 'u' ? 1 : 2, 0, x, y);
+    if (act == 'm' || act == 'M') button->UserMouseMove(act == 'm' ? 0 : 1, 0, x, y);
+    if (act != 't') return;
+    button->SetCursor(x, y);
+    button->LeaveTimer().Tick();
+  }
+  // What was raised since the last call.
+  std::string Raised() { return std::exchange(log, {}); }
+  int Face() const { return static_cast<int>(button->Face()); }
+  Pixel At(int x, int y) { return button->Painting().GetPixel(x, y); }
+  // The smallest rectangle that holds all pixels of the colour.
+  Rect Extent(Pixel color) {
+    const Canvas& painting = button->Painting();
+    Rect extent = {painting.Width(), painting.Height(), 0, 0};
+    for (int y = 0; y < painting.Height(); ++y) {
+      for (int x = 0; x < painting.Width(); ++x) {
+        if (painting.GetPixel(x, y) != color) continue;
+        extent = {std::min(extent.left, x), std::min(extent.top, y), std::max(extent.right, x + 1),
+                  std::max(extent.bottom, y + 1)};
+      }
+    }
+    return extent;
+  }
+
+  Form form{"form"};
+  std::unique_ptr<xpcmdbutton> button;
+  std::string log;
+};
+
+TEST_F(PushButton, BearsItsNameAndTheContainersFontWhenNew) {
+  EXPECT_EQ(button->Caption(), "cmdFinish");
+  EXPECT_EQ(button->Font(), form.Font());
+  EXPECT_TRUE(button->Enabled());
+  EXPECT_EQ(Face(), 0);
+  EXPECT_FALSE(button->LeaveTimer().Enabled());
+}
+
+TEST_F(PushButton, FollowsTheMouse) {
+  // d, u: the left button down, up; r, q: the right one; m: the mouse moves, M: with the left
+  // button down; t: a tick of the leave detector. I and O: inside (79, 25) or just outside (80,
+  // 25).
+  const struct {
+    const char* acts;
+    const char* raised;
+    int face;
+    bool timer;
+  } cases[] = {
+      {"mI", "move ", 3, true},
+      {"mI tI", "move ", 3, true},
+      {"mI tO", "move leave ", 0, false},
+      {"mI dI", "move down ", 1, true},
+      {"mI dI uI", "move down up click ", 0, true},
+      {"mI dI uI mI", "move down up click move ", 3, true},
+      {"dI MO tO uO", "down leave up ", 0, false},
+      {"dI MO MI uI", "down move up click ", 0, true},
+      {"dI MO", "down ", 1, true},
+      {"uI", "up ", 0, false},  // pressed elsewhere
+      {"rI qI", "down up ", 0, false},
+      {"mO", "", 0, true},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.acts);
+    button->LeaveTimer().SetEnabled(false);
+    button->SetEnabled(false);  // forgets a press
+    button->SetEnabled(true);
+    std::istringstream acts(c.acts);
+    for (std::string act; acts >> act;) Act(act[0], act[1] == 'I' ? 79 : 80);
+    EXPECT_EQ(Raised(), c.raised);
+    EXPECT_EQ(Face(), c.face);
+    EXPECT_EQ(button->LeaveTimer().Enabled(), c.timer);
+  }
+}
+
+TEST_F(PushButton, ClicksByKey) {
+  button->UserKeyDown(32, 0);
+  button->UserKeyPress(' ');
+  button->UserKeyUp(32, 0);
+  EXPECT_EQ(Raised(), "keydown keypress click keyup ");
+  button->UserKeyPress(13);
+  button->UserKeyPress('x');
+  EXPECT_EQ(Raised(), "keypress click keypress ");
+  button->UserAccessKey();
+  EXPECT_EQ(Raised(), "click ");
+}
+
+TEST_F(PushButton, RaisesNothingWhenDisabled) {
+  button->UserMouseMove(0, 0, 5, 5);
+  button->UserMouseDown(1, 0, 5, 5);
+  button->SetEnabled(false);
+  EXPECT_EQ(Face(), 2);
+  Raised();
+  button->UserMouseMove(0, 0, 5, 5);
+  button->UserMouseDown(1, 0, 5, 5);
+  button->UserMouseUp(1, 0, 5, 5);
+  button->UserKeyDown(32, 0);
+  button->UserKeyPress(' ');
+  button->UserAccessKey();
+  button->Click();
+  EXPECT_EQ(Raised(), "");
+  EXPECT_EQ(Face(), 2);
+  button->SetEnabled(true);
+  EXPECT_EQ(Face(), 0);
+  button->UserMouseUp(1, 0, 5, 5);  // of the press from before
+  EXPECT_EQ(Raised(), "up ");
+  button->MouseDown.Bind([this](int, int, int, int) { button->SetEnabled(false); });
+  button->UserMouseDown(1, 0, 5, 5);
+  EXPECT_EQ(Face(), 2);
+}
+
+TEST_F(PushButton, RestsOnTheFaceOfItsState) {
+  for (const auto& [state, face] : {std::pair{1, 4}, {7, 4}, {0, 0}, {-1, 0}}) {
+    button->SetState(state);
+    EXPECT_EQ(Face(), face) << state;
+    button->UserMouseDown(1, 0, 5, 5);
+    EXPECT_EQ(Face(), 1);
+    button->UserMouseUp(1, 0, 5, 5);
+    EXPECT_EQ(Face(), face) << state;
+  }
+}
+
+TEST_F(PushButton, PaintsItsCaptionInTheMiddle) {
+  button->SetFont({});
+  button->SetCaption("&HI && O");  // 6 characters: 35 by 8 pixels
+  EXPECT_EQ(Extent(0x000000), (Rect{22, 9, 57, 17}));
+  EXPECT_EQ(At(22, 16), 0U);  // the line below the access key
+  EXPECT_EQ(At(26, 16), 0U);
+  EXPECT_NE(At(29, 16), 0U);
+  EXPECT_EQ(ShowCaption("Tom && J\xC3\xA9&\xC3\xA9r&ry&").text, "Tom & J\xC3\xA9\xC3\xA9rry");
+  EXPECT_EQ(ShowCaption("J&\xC3\xA9").key_size, 2U);
+  button->SetEnabled(false);
+  EXPECT_EQ(Extent(0xA1A192), (Rect{22, 9, 57, 17}));
+}
+
+TEST_F(PushButton, KeepsTheCaptionClearOfTheGlyph) {
+  const auto red = [](int height) {
+    return Bitmap{1, height,
+                  std::vector<std::uint32_t>(static_cast<std::size_t>(height), 0xFFFF0000)};
+  };
+  const struct {
+    int dots_per_inch, width, height, glyph_height;
+    const char* caption;
+    Rect glyph;
+    int caption_left;
+  } cases[] = {
+      {96, 80, 26, 16, "HHH", {3, 5, 19, 21}, 33},  // the middle would be 31
+      {96, 120, 41, 31, "HHH", {3, 12, 19, 28}, 51},
+      {96, 80, 40, 32, "HHH", {3, 4, 35, 36}, 33},
+      {96, 83, 40, 48, "HHH", {3, 4, 35, 36}, 33},  // 33 itself stays
+      {192, 140, 80, 16, "HHH", {6, 24, 38, 56}, 66},
+      {192, 84, 80, 32, "", {6, 8, 70, 72}, 84},  // no caption: nothing black
+  };
+  button->SetFont({});
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.dots_per_inch << ' ' << c.width << ' ' << c.glyph_height);
+    button->SetDisplay({.dots_per_inch = c.dots_per_inch});
+    button->SetSize(c.width, c.height);
+    button->SetCaption(c.caption);
+    button->SetPicture(red(c.glyph_height));
+    EXPECT_EQ(Extent(0xFF0000), c.glyph);
+    EXPECT_EQ(Extent(0x000000).left, c.caption_left);
+  }
+}
+
+// Five cells of 8 by 7 pixels: in cell n a border of 3 pixels in 0x10 + n around n.
+std::string FaceArtwork(int width = 40) {
+  std::string bytes("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0", 18);
+  bytes += static_cast<char>(width);
+  bytes += std::string("\0\0\0\x07\0\0\0\x01\0\x18\0", 11) + std::string(24, '\0');
+  for (int y = 0; y < 7; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const bool middle = y == 3 && (x % 8 == 3 || x % 8 == 4);
+      bytes += std::string(3, static_cast<char>((middle ? 0 : 0x10) + x / 8));
+    }
+  }
+  return bytes;
+}
+
+TEST_F(PushButton, PaintsItsFaceFromTheArtworkInNinePieces) {
+  TestPc pc;
+  const std::string file = pc.folder() + "\\buttonfaces.bmp";
+  pc.MakeFile(file, FaceArtwork());
+  ASSERT_TRUE(button->LoadFaces(file));
+  button->SetCaption("");
+  button->SetState(1);
+  EXPECT_EQ(Extent(0x141414), button->Painting().Area());
+  EXPECT_EQ(Extent(0x040404), (Rect{3, 3, 77, 23}));
+  EXPECT_EQ(At(2, 12), 0x141414U);
+  button->SetEnabled(false);
+  EXPECT_EQ(At(40, 12), 0x020202U);
+  button->SetDisplay({.dots_per_inch = 192});
+  EXPECT_EQ(Extent(0x020202), (Rect{6, 6, 74, 20}));
+
+  const auto version = button->PaintingVersion();
+  pc.MakeFile(file, FaceArtwork(41));  // no five cells
+  EXPECT_FALSE(button->LoadFaces(file));
+  EXPECT_FALSE(button->LoadPicture(pc.folder() + "\\missing.bmp"));
+  EXPECT_EQ(button->PaintingVersion(), version);
+  for (const int size : {0, 1, 4, 5}) {  // smaller than its edges
+    button->SetSize(size, size);
+    EXPECT_EQ(button->Painting().Pixels().size(), static_cast<std::size_t>(size * size));
+  }
+}
+
+TEST_F(PushButton, ShowsFiveBuiltInFacesAndTheFocus) {
+  button->SetCaption("");
+  std::vector<std::vector<Pixel>> paintings;
+  ButtonLook look;
+  for (int face = 0; face < kButtonFaces; ++face) {
+    look.face = static_cast<ButtonFace>(face);
+    Canvas canvas(80, 26);
+    PaintButton(look, canvas);
+    EXPECT_EQ(std::count(paintings.begin(), paintings.end(), canvas.Pixels()), 0) << face;
+    paintings.push_back(canvas.Pixels());
+  }
+  EXPECT_EQ(button->Painting().Pixels(), paintings[0]);
+  button->SetFocused(true);
+  EXPECT_EQ(Extent(0x404040), (Rect{3, 3, 77, 23}));
+  EXPECT_NE(At(4, 3), At(5, 3));
+  button->SetFocused(false);
+  EXPECT_EQ(button->Painting().Pixels(), paintings[0]);
+}
+
+}  // namespace
+}  // namespace tidemark

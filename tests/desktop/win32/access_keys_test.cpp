@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <map>
+#include <string>
+
+#include "desktop/win32/form_keyboard.h"
+#include "tests/desktop/win32/desktop_pc.h"
+#include "window/panels.h"
+
+namespace tidemark {
+namespace {
+
+TEST(AccessKeys, AreBehindTheFirstAmpersandThatIsNotDoubled) {
+  for (const auto& [text, key] : std::map<std::string, char>{{"", 0},
+                                                             {"Tell", 0},
+                                                             {"&", 0},
+                                                             {"&Tell", 't'},
+                                                             {"Fish && Chips", 0},
+                                                             {"A && &B", 'b'},
+                                                             {"End&", 0}}) {
+    EXPECT_EQ(FormKeyboard::AccessKeyOf(text), key) << text;
+  }
+}
+
+// The names of the controls that share a key with another one.
+std::string Clashes(frmMain& window) {
+  Resources resources(window.application.folder);
+  const HWND parent = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 900, 600, nullptr, nullptr,
+                                      nullptr, nullptr);
+  std::string clashes;
+  {
+    FormPeers peers(window.form, resources, parent);
+    peers.Refresh();
+    std::map<char, std::string> taken;
+    for (const Peer* peer : peers.Reachable()) {
+      const char key = FormKeyboard::AccessKeyOf(peer->AccessKeyText().View());
+      const std::string& name = peer->GetControl().Name();
+      if (key == 0 || taken.emplace(key, name).second) continue;
+      clashes += std::string(1, key) + ": " + taken[key] + " and " + name + "; ";
+    }
+    EXPECT_GT(taken.size(), 4U) << "the page buttons and something on the page";
+  }
+  DestroyWindow(parent);
+  return clashes;
+}
+
+TEST(AccessKeys, NoTwoControlsOfAPageShareOne) {
+  DesktopPc on;
+  frmMain& window = on.window;
+  for (Control* control : std::initializer_list<Control*>{&window.cmdStop, &window.cmdStopFix,
+                                                          &window.cmdFinish, &window.cmdOptApply}) {
+    control->SetVisible(true);
+    control->SetEnabled(true);
+  }
+  for (PictureBox* page : {&window.picWelcome, &window.picScan, &window.picClear,
+                           &window.picJunkCriteria, &window.picJunkScan}) {
+    HideAllFrames(window);
+    page->SetVisible(true);
+    EXPECT_EQ(Clashes(window), "") << page->Name();
+  }
+  for (int tab = 0; tab <= 2; ++tab) {
+    HideAllFrames(window);
+    window.picOptions.SetVisible(true);
+    window.picAdvOptions(tab).SetVisible(true);
+    EXPECT_EQ(Clashes(window), "") << "tab " << tab;
+  }
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,163 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "helpers/settings_key.h"
+#include "registry/mdlRegistry.h"
+#include "shell/main_window.h"
+#include "shell/pages.h"
+#include "tests/desktop/win32/desktop_pc.h"
+#include "window/finding_columns.h"
+#include "window/panels.h"
+
+namespace tidemark {
+namespace {
+
+const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+const std::string kAppPaths = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
+
+// Bad start-up entries, and an application path that is gone.
+void PlantProblems(TestPc& pc) {
+  for (const char* name : {"one", "two", "three"}) {
+    pc.SetText(HKEY_CURRENT_USER, kRun, name, "C:\\gone\\" + std::string(name) + ".exe");
+  }
+  pc.SetText(HKEY_LOCAL_MACHINE, kAppPaths + "gone.exe", "", "C:\\gone\\gone.exe");
+}
+
+// Keys enough for a scan that can be met in the middle.
+void PlantManyKeys(TestPc& pc) {
+  for (int key = 0; key < 3000; ++key) {
+    pc.SetText(HKEY_LOCAL_MACHINE, kAppPaths + "a" + std::to_string(key), "", "C:\\gone\\a.exe");
+  }
+}
+
+std::string Stored(const char* name) {
+  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
+}
+
+TEST(MainWindow, FromStartOverResultsAndRepairToHome) {
+  DesktopPc on;
+  PlantProblems(on.pc);
+  const frmMain& window = on.window;
+  on.When([&] { return on.IsShown(window.picClear) && on.RowsOf(window.lvFound) == 2; },
+          [&] {
+            EXPECT_EQ(on.TextOf(window.form), "Tidemark! - Keep Your PC In Trim!");
+            EXPECT_EQ(on.TextOf(window.lblFound), "Problems Found : 4");
+            EXPECT_EQ(on.CellOf(window.lvFound, 1, 1), "Startup");
+            EXPECT_EQ(on.CellOf(window.lvFound, 1, 3), "Elevated");
+            EXPECT_EQ(on.CellOf(window.lvProblems, 2, 2), "three") << "values come sorted here";
+            EXPECT_TRUE(on.IsTicked(window.lvProblems, 2));
+            on.PressTick(window.lvProblems, 2);
+          });
+  on.When([&] { return !on.IsTicked(window.lvProblems, 2); },
+          [&] { on.PressRow(window.lvFound, 2); });
+  on.When([&] { return on.RowsOf(window.lvProblems) == 1; },
+          [&] {
+            EXPECT_EQ(on.CellOf(window.lvProblems, 1, 4), "Invalid path");
+            on.PressRow(window.lvFound, 1);
+          });
+  on.When([&] { return on.RowsOf(window.lvProblems) == 3; },
+          [&] {
+            EXPECT_FALSE(on.IsTicked(window.lvProblems, 2)) << "the tick came back";
+            on.Press(window.cmdFix);
+          });
+  on.When([&] { return on.IsShown(window.picWelcome); }, [&] { on.CloseWindow(); });
+  on.Run([&] { cmdScanNow_Click(on.window); });
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRun, "three")) << "it was not ticked";
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "one"));
+  EXPECT_FALSE(on.pc.KeyExists(HKEY_LOCAL_MACHINE, kAppPaths + "gone.exe"));
+}
+
+TEST(MainWindow, StopIsAnsweredInTheMiddleAndWhatWasFoundIsShown) {
+  DesktopPc on;
+  PlantManyKeys(on.pc);
+  const frmMain& window = on.window;
+  on.When([&] { return window.ScanRunning && window.ProblemCount > 20; },
+          [&] { on.Press(window.cmdStop); });
+  on.When([&] { return on.IsShown(window.picClear); },
+          [&] {
+            EXPECT_LT(window.ProblemCount, 3000);
+            EXPECT_EQ(on.RowsOf(window.lvProblems), window.ProblemCount);
+            on.CloseWindow();
+          });
+  on.Run([&] { cmdScanNow_Click(on.window); });
+}
+
+TEST(MainWindow, PagesChangeDuringAScanAndItsOwnComesBackAsItWas) {
+  DesktopPc on;
+  PlantManyKeys(on.pc);
+  const frmMain& window = on.window;
+  on.When([&] { return window.ProblemCount > 20; }, [&] { on.Press(window.cmdMenuHome); });
+  on.When([&] { return on.IsShown(window.picWelcome) && !on.IsShown(window.picScan); },
+          [&] {
+            EXPECT_TRUE(window.ScanRunning);
+            on.Press(window.cmdMenuScan);
+          });
+  on.When([&] { return on.IsShown(window.picScan); },
+          [&] {
+            EXPECT_TRUE(on.IsShown(window.cmdStop));
+            EXPECT_FALSE(on.IsShown(window.cmdScan));
+            on.CloseWindow();
+          });
+  on.Run([&] { cmdScanNow_Click(on.window); });
+  EXPECT_TRUE(window.StopRequested) << "closing ends the scan";
+  EXPECT_EQ(Stored("LocState"), "1;1;1;1;1;1;1;1;1;1;1;1") << "the selection was saved";
+  EXPECT_EQ(Stored("LastRunDate"), "none") << "and nothing ran on";
+}
+
+TEST(MainWindow, AListThatShrinksUnderTheSelectionShowsWhatIsLeft) {
+  DesktopPc on;
+  const frmMain& window = on.window;
+  ListView& list = on.window.lvProblems;
+  const auto fill = [&list](int rows) {
+    list.Clear();
+    for (int row = 1; row <= rows; ++row) list.Add("K" + std::to_string(row), "row");
+  };
+  on.When([&] { return on.RowsOf(list) == 100000; },
+          [&] {
+            list.EnsureVisible(list.Item(99999));
+            on.PressKey(list, VK_END);
+          });
+  on.When([&] { return list.SelectedItem() == list.Item(100000); }, [&] { fill(2); });
+  on.When([&] { return on.RowsOf(list) == 2; },
+          [&] {
+            EXPECT_EQ(list.SelectedItem(), nullptr);
+            on.PressRow(list, 2);
+          });
+  on.When([&] { return list.SelectedItem() == list.Item(2); },
+          [&] {
+            list.Clear();
+            on.PressTick(list, 1);
+            on.PressKey(list, VK_SPACE);
+          });
+  on.When([&] { return on.RowsOf(list) == 0; }, [&] { on.CloseWindow(); });
+  on.Run([&] {
+    HideAllFrames(on.window);
+    on.window.picClear.SetVisible(true);
+    fill(100000);
+  });
+  EXPECT_TRUE(window.StopRequested);
+}
+
+TEST(MainWindow, TicksOfTestsAreStoredAndTheKeyboardReachesThem) {
+  DesktopPc on;
+  const frmMain& window = on.window;
+  on.When([&] { return on.IsShown(window.lvLocations) && on.RowsOf(window.lvLocations) == 12; },
+          [&] {
+            EXPECT_EQ(on.TextOf(window.lvLocations), "Diagnostic tests to perform");
+            on.PressRow(window.lvLocations, 3);
+          });
+  on.When([&] { return window.lvLocations.SelectedItem() != nullptr; },
+          [&] { on.PressKey(window.lvLocations, VK_SPACE); });
+  on.When([&] { return Stored("LocState") == "1;1;0;1;1;1;1;1;1;1;1;1"; },
+          [&] { on.Press(window.chkSelectAll); });
+  on.When([&] { return Stored("SelectAllLoc") == "1"; },
+          [&] {
+            EXPECT_TRUE(window.lvLocations.Item(3)->Checked());
+            on.CloseWindow();
+          });
+  on.Run([&] { cmdMenuScan_Click(on.window); });
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,97 @@
+#include "tests/grounds/link_tool.h"
+
+#include <cstdio>
+#include <optional>
+
+#include "helpers/modShortcut.h"
+#include "platform/shell_link.h"
+#include "toolkit/script_front_end.h"
+
+namespace tidemark {
+namespace {
+
+struct Case {
+  const char* file;
+  NewShortcut link;
+  bool wine_reads_it = true;
+};
+
+const std::vector<Case>& Cases() {
+  static const std::vector<Case> kCases = {
+      {"file", {.target = "C:\\windows\\notepad.exe"}},
+      {"folder", {.target = "C:\\windows"}},
+      {"root", {.target = "C:\\"}},
+      {"gone", {.target = "C:\\Gone\\No Such\\program.exe"}},
+      {"long", {.target = "C:\\" + std::string(200, 'd') + "\\a.exe"}},
+      {"texts",
+       {.target = "C:\\windows\\notepad.exe",
+        .arguments = "/x \"a b\" \xD0\x96",
+        .description = "\xC3\xA4 \xE2\x82\xAC \xF0\x9F\x94\x97",
+        .hot_key = "1603",
+        .working_directory = "C:\\Gone \xC3\xA4",
+        .icon_file = "%WINDIR%\\shell32.dll",
+        .icon_index = -9}},
+      {"arguments alone", {.target = "C:\\windows", .arguments = std::string(900, 'a')}},
+      {"nothing", {}},
+      // It takes the paths of a link from the local 8-bit text alone, and that as its own code
+      // page.
+      {"share", {.target = "\\\\host\\share\\folder\\a.exe"}, false},
+      {"share root", {.target = "\\\\host\\share"}, false},
+      {"dr\xC3\xA4nage", {.target = "C:\\Gone \xC3\xA4\\\xC3\xB6.exe"}, false},
+  };
+  return kCases;
+}
+
+int Write(const std::string& folder) {
+  ScriptFrontEnd front_end;
+  int failures = 0;
+  for (const Case& one : Cases()) {
+    std::string file = folder + "\\" + one.file;
+    if (WriteShortcut(front_end, file, AskBeforeReplacing::kNo, one.link)) continue;
+    std::printf("%s: not written\n", one.file);
+    ++failures;
+  }
+  return failures;
+}
+
+int Check(const std::string& folder, bool all) {
+  int failures = 0;
+  const auto compare = [&failures](const Case& one, const char* field, const std::string& read,
+                                   const std::string& wanted) {
+    if (read == wanted) return;
+    std::printf("%s: %s is <%s>, not <%s>\n", one.file, field, read.c_str(), wanted.c_str());
+    ++failures;
+  };
+  for (const Case& one : Cases()) {
+    if (!all && !one.wine_reads_it) continue;
+    LinkFields read;
+    if (ReadLinkFile(folder + "\\" + one.file + ".lnk", read) != LinkStatus::kDone) {
+      std::printf("%s: not read\n", one.file);
+      ++failures;
+      continue;
+    }
+    compare(one, "target", read.target, one.link.target);
+    compare(one, "arguments", read.arguments, one.link.arguments);
+    compare(one, "description", read.description, one.link.description);
+    compare(one, "hot key", std::to_string(read.hot_key),
+            one.link.hot_key.empty() ? "0" : one.link.hot_key);
+    compare(one, "working directory", read.working_directory, one.link.working_directory);
+    compare(one, "icon", read.icon_file, one.link.icon_file);
+    compare(one, "icon index", std::to_string(read.icon_index),
+            std::to_string(one.link.icon_index));
+  }
+  return failures;
+}
+
+}  // namespace
+
+int RunLinkTool(const std::vector<std::string>& arguments) {
+  if (arguments.size() == 2 && arguments[0] == "write") return Write(arguments[1]) != 0 ? 1 : 0;
+  if (arguments.size() == 2 && arguments[0].starts_with("check")) {
+    return Check(arguments[1], arguments[0] == "check") != 0 ? 1 : 0;
+  }
+  std::puts("link_tool: write FOLDER | check FOLDER | check-common FOLDER");
+  return 2;
+}
+
+}  // namespace tidemark

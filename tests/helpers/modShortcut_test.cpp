@@ -1,0 +1,158 @@
+#include "helpers/modShortcut.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/winapi.h"
+#include "tests/support/link_bytes.h"
+#include "tests/support/test_pc.h"
+#include "toolkit/script_front_end.h"
+
+namespace tidemark {
+namespace {
+
+using namespace link_bytes;
+
+constexpr auto kNo = AskBeforeReplacing::kNo;
+constexpr auto kYes = AskBeforeReplacing::kYes;
+
+std::string Guid(std::uint32_t first, std::size_t second, std::size_t third,
+                 const std::string& rest) {
+  return Number(first, 4) + Word(second) + Word(third) + rest;
+}
+std::string Time(std::uint32_t low, std::uint32_t high) { return Number(low, 4) + Number(high, 4); }
+
+// The template once more, from what its fields mean.
+std::string Template() {
+  const std::string rest("\xC0\0\0\0\0\0\0\x46", 8);
+  const std::string header = Long(76) + Guid(0x00021401, 0, 0, rest) + Long(1 + 2 + 8 + 16) +
+                             Long(0) + Time(0xD9A38D60, 0x01C1BE9A) + Time(0x184BB000, 0x01C1C491) +
+                             Time(0xB2EBA800, 0x01C1C346) + Long(289) + Long(0) + Long(1) +
+                             Word(0) + Zeros(10);
+  const std::string items =
+      Item("\x1F\x0F" + Guid(0x20D04FE0, 0x3AEA, 0x1069, "\xA2\xD8\x08" + Zeros(1) + "+00\x9D")) +
+      Item("#C:\\" + Zeros(17) + "\x31\xAA") +
+      Item(Word(0x32) + Long(289) + Long(0x345C2C64) + Word(0) + NarrowText("boot.ini") +
+           NarrowText("BOOT.INI"));
+  const std::string volume =
+      Long(24) + Long(3) + Long(0x0E2813DC) + Long(16) + NarrowText("DRIVE_C");
+  const std::string network =
+      Long(32) + Long(2) + Long(20) + Long(0) + Long(0x20000) + NarrowText("\\\\HOSTBOX\\C");
+  const std::string info = Long(28) + Long(3) + Long(28) + Long(28 + 24) + Long(28 + 24 + 4) +
+                           Long(28 + 24 + 4 + 32) + volume + NarrowText("C:\\") + network +
+                           NarrowText("boot.ini");
+  return header + Word(items.size() + 2) + items + Word(0) + Long(info.size() + 4) + info +
+         String8(".\\boot.ini") + String8("C:\\") + Long(0);
+}
+
+struct LinkPc : TestPc {
+  std::string Path(const std::string& name) const { return folder() + "\\" + name; }
+  ScriptFrontEnd front_end;
+};
+
+TEST(Shortcut, TheTemplateIsLaidDownAndAFileIsReplacedOnlyWithLeave) {
+  LinkPc pc;
+  const std::string file = pc.Path("a.lnk");
+  ASSERT_EQ(Template().size(), 275U);
+  EXPECT_TRUE(WriteLinkTemplate(pc.front_end, file, kYes));
+  EXPECT_EQ(pc.ReadFile(file), Template());
+  EXPECT_EQ(pc.front_end.beeps(), 0) << "there was nothing to replace";
+
+  pc.MakeFile(file, std::string(1000, 'o'));
+  EXPECT_FALSE(WriteLinkTemplate(pc.front_end, file, kYes)) << "the answer is no";
+  EXPECT_EQ(pc.ReadFile(file), std::string(1000, 'o'));
+  EXPECT_EQ(pc.front_end.beeps(), 1);
+  EXPECT_EQ(pc.front_end.messages(), std::vector<std::string>{"Tidemark: The link file: \"" + file +
+                                                              "\" exists. Replace it?"});
+  pc.front_end.AnswerYesNo(true);
+  EXPECT_TRUE(WriteLinkTemplate(pc.front_end, file, kYes));
+  EXPECT_EQ(pc.ReadFile(file), Template());
+
+  pc.MakeFile(file, std::string(1000, 'o'));
+  EXPECT_TRUE(WriteLinkTemplate(pc.front_end, file, kNo));
+  EXPECT_EQ(pc.ReadFile(file), Template());
+  EXPECT_EQ(pc.front_end.messages().size(), 2U);
+
+  SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_FALSE(WriteLinkTemplate(pc.front_end, file, kNo));
+  EXPECT_TRUE(pc.FileExists(file)) << "what can't be deleted can't be replaced";
+  EXPECT_FALSE(WriteLinkTemplate(pc.front_end, pc.Path("missing\\a.lnk"), kNo));
+}
+
+TEST(Shortcut, ALinkThatWasWrittenReadsBack) {
+  LinkPc pc;
+  const NewShortcut shortcut{.target = "C:\\Gone\\a.exe",
+                             .arguments = "/x",
+                             .description = "what",
+                             .hot_key = "1603",
+                             .working_directory = "C:\\Gone",
+                             .icon_file = "C:\\Gone\\i.dll",
+                             .icon_index = 3};
+  struct Case {
+    const char* name;
+    const char* file;  // what it becomes
+    const char* link;  // the shell's name of it
+  };
+  for (const Case& test : {Case{"a", "a.lnk", "a"},
+                           {"b.LNK", "b.LNK", "b"},
+                           {"c.lnk.txt", "c.lnk.txt.lnk", "c.lnk.txt"},
+                           {"walnk", "walnk", "walnk"},
+                           {"lnk", "lnk", "lnk"}}) {
+    std::string file = pc.Path(test.name);
+    EXPECT_TRUE(WriteShortcut(pc.front_end, file, kYes, shortcut)) << test.name;
+    EXPECT_EQ(file, pc.Path(test.file)) << "the caller's name is changed too";
+    EXPECT_TRUE(pc.FileExists(file)) << test.name;
+    Shortcut read;
+    ReadShortcut(pc.Path(test.name), read);
+    EXPECT_EQ(read.target, shortcut.target) << test.name;
+    EXPECT_EQ(read.name, test.link);
+    EXPECT_EQ(read.arguments, shortcut.arguments);
+    EXPECT_EQ(read.hot_key, "1603");
+    EXPECT_EQ(read.show_command, 1);
+    EXPECT_EQ(read.working_directory, shortcut.working_directory);
+  }
+  std::string file = pc.Path("plain");
+  EXPECT_TRUE(WriteShortcut(pc.front_end, file, kYes, {.target = "C:\\b.exe"}));
+  Shortcut read{.arguments = "old"};
+  ReadShortcut(file, read);
+  EXPECT_EQ(read.hot_key, "0");
+  EXPECT_EQ(read.arguments, "");
+  EXPECT_EQ(read.working_directory, "") << "the template's is overwritten";
+}
+
+TEST(Shortcut, NoHalfMadeLinkStaysBehind) {
+  LinkPc pc;
+  for (const char* const hot_key : {"Ctrl+C", "70000", "-2"}) {
+    std::string file = pc.Path("bad");
+    EXPECT_FALSE(WriteShortcut(pc.front_end, file, kNo, {.target = "C:\\", .hot_key = hot_key}));
+    EXPECT_FALSE(pc.FileExists(pc.Path("bad.lnk"))) << hot_key;
+  }
+  std::string file = pc.Path("missing\\a");
+  EXPECT_FALSE(WriteShortcut(pc.front_end, file, kNo, {.target = "C:\\"}));
+  std::string kept = pc.Path("kept");
+  pc.MakeFile(kept + ".lnk", "old");
+  EXPECT_FALSE(WriteShortcut(pc.front_end, kept, kYes, {.target = "C:\\"}));
+  EXPECT_EQ(pc.ReadFile(kept), "old") << "the answer was no";
+  if (pc.CanFault()) {
+    pc.FillDisk(275);
+    std::string full = pc.Path("full");
+    EXPECT_FALSE(WriteShortcut(pc.front_end, full, kNo, {.target = "C:\\" + std::string(99, 'x')}));
+    EXPECT_FALSE(pc.FileExists(full)) << "no link to the boot file";
+  }
+}
+
+TEST(Shortcut, WhereTheShellFindsNoItemTheTemplateStays) {
+  LinkPc pc;
+  std::string file = "relative";
+  EXPECT_FALSE(WriteShortcut(pc.front_end, file, kNo, {.target = "C:\\"}));
+  EXPECT_EQ(pc.ReadFile("relative.lnk"), Template());
+  Shortcut read{.target = "as it was"};
+  for (const std::string& link : {std::string("relative"), pc.Path("missing"), std::string()}) {
+    ReadShortcut(link, read);
+    EXPECT_EQ(read.target, "as it was") << link;
+  }
+}
+
+}  // namespace
+}  // namespace tidemark

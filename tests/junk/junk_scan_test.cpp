@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "helpers/settings_key.h"
+#include "junk/junk.h"
+#include "platform/file_system_object.h"
+#include "registry/mdlRegistry.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// Junk is looked for below the test's own folder, with two patterns and nothing excluded.
+class JunkPc : public WindowPc {
+ public:
+  JunkPc() {
+    SetTable("*.tmp;~*.*;*.bak", "");
+    root = pc.folder() + "\\junk";
+    pc.MakeFolder(root);
+  }
+  void SetTable(const std::string& types, const std::string& excluded) {
+    window.lvFileTypes.Clear();
+    window.lvExcludeFolders.Clear();
+    for (const std::string& type : Pieces(types)) {
+      window.lvFileTypes.Add({}, type)->SetChecked(true);
+    }
+    for (const std::string& folder : Pieces(excluded)) window.lvExcludeFolders.Add({}, folder);
+    window.SelectedFileTypes = types;
+  }
+  // Paths below the root.
+  Lines Found() {
+    Lines found;
+    for (const std::string& row : Rows(window.lvJunkFiles, {0})) {
+      found.push_back(row.substr(root.size() + 1));
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+  }
+  void Scan() {
+    window.lvJunkFiles.Clear();
+    ScanFolder(window, root);
+  }
+
+  std::string root;
+
+ private:
+  static Lines Pieces(const std::string& text) {
+    Lines pieces;
+    for (std::size_t start = 0; start < text.size();) {
+      const std::size_t end = std::min(text.find(';', start), text.size());
+      pieces.push_back(text.substr(start, end - start));
+      start = end + 1;
+    }
+    return pieces;
+  }
+};
+
+TEST(JunkScan, ListsWhatMatchesAndIsNeitherProtectedNorExcluded) {
+  JunkPc on;
+  for (const char* name : {"a.tmp", "A.TMP2", "b.BAK", "~x.txt", "~y.tmp", "keep.txt", "p.exe.bak",
+                           "~p.exe", "~q.ex", "~dot.", "~none", "\xC3\xA4.tmp", "sub\\c.tmp",
+                           "Program Files\\d.tmp", "deep\\er\\e.bak"}) {
+    on.pc.MakeFile(on.root + "\\" + name);
+  }
+  on.pc.MakeFile(on.root + "\\read.tmp");
+  SetFileAttributesA((on.root + "\\read.tmp").c_str(), FILE_ATTRIBUTE_READONLY);
+  on.SetTable("*.tmp;~*.*;*.bak", "\\PROGRAM files");
+  on.Scan();
+  EXPECT_EQ(on.Found(), (Lines{"a.tmp", "b.BAK", "deep\\er\\e.bak", "p.exe.bak", "sub\\c.tmp",
+                               "~x.txt", "~y.tmp", "~y.tmp", "\xC3\xA4.tmp"}))
+      << "a file that two patterns match has two rows";
+  EXPECT_EQ(on.window.lvJunkFiles.Item(1)->SubItem(1), "1") << "bytes";
+  EXPECT_TRUE(on.window.lvJunkFiles.Item(1)->Checked());
+  EXPECT_EQ(AttributeLetters(0xFF), "HLRAS");
+  SetFileAttributesA((on.root + "\\read.tmp").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST(JunkScan, AFolderExcludedTakesAllBelowItWithIt) {
+  JunkPc on;
+  on.pc.MakeFile(on.root + "\\keep\\below\\a.tmp");
+  on.pc.MakeFile(on.root + "\\a.tmp");
+  on.SetTable("*.tmp", "JUNK\\KEEP");
+  on.Scan();
+  EXPECT_EQ(on.Found(), Lines{"a.tmp"});
+  on.SetTable("", "");
+  on.Scan();
+  EXPECT_EQ(on.Found(), Lines{}) << "no pattern is ticked";
+}
+
+TEST(JunkScan, StopsAtTheNextTestAndKeepsWhatWasFound) {
+  JunkPc on;
+  for (int file = 0; file < 50; ++file) {
+    on.pc.MakeFile(on.root + "\\f" + std::to_string(file) + "\\a.tmp");
+  }
+  on.front_end.When([&on] { return on.window.lvJunkFiles.Count() == 3; },
+                    [&on] { on.window.cmdJunkStop.Click(); });
+  on.Scan();
+  EXPECT_EQ(on.window.lvJunkFiles.Count(), 3);
+  EXPECT_TRUE(on.window.StopRequested);
+}
+
+TEST(JunkScan, TheWholeScanShowsItsPanelsAndSaysHowManyThereAre) {
+  JunkPc on;
+  cmdCleanJunk_Click(on.window);
+  on.window.tvDrives.Clear();
+  on.window.cmdJunkScan.Click();
+  EXPECT_EQ(on.front_end.messages(),
+            Lines{"Tidemark: Please Select the drives before pressing Scan Button"});
+  EXPECT_EQ(on.window.lblJunkStatus.Caption(), "Scanning complete: Total 0 Junk Files Founds");
+  EXPECT_TRUE(on.window.picJunkScan.Visible());
+  EXPECT_FALSE(on.window.picScaningJunk.Visible());
+  EXPECT_TRUE(on.window.cmdJunkFile(5).Visible());
+  on.window.cmdJunkFile(5).Click();
+  EXPECT_EQ(on.window.picJunkScan.Place().left, 10000);
+}
+
+TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
+  WindowPc on;
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Drives", "C;Q;");
+  ShowDrivesList(on.window);
+  TreeNode* disk = nullptr;
+  for (int index = 1; index <= on.window.tvDrives.Count(); ++index) {
+    TreeNode* node = on.window.tvDrives.Node(index);
+    if (node->Key() == "C") disk = node;
+    EXPECT_NE(node->Image(), 3);
+    EXPECT_NE(node->Image(), 4);
+  }
+  ASSERT_NE(disk, nullptr);
+  EXPECT_EQ(disk->Caption(), "Local Disk (C:)");
+  EXPECT_EQ(disk->Image(), 2);
+  EXPECT_TRUE(disk->Checked());
+  on.window.tvDrives.UserCheck(*disk, false);
+  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "Drives", "none"), "");
+}
+
+TEST(JunkRemoval, OnlyTickedRowsGoAndTheRestStaysAsItWas) {
+  JunkPc on;
+  for (const char* name : {"1.tmp", "2.tmp", "3.tmp", "\xD0\xB6.tmp", "keep.txt"}) {
+    on.pc.MakeFile(on.root + "\\" + name);
+  }
+  on.Scan();
+  ASSERT_EQ(on.window.lvJunkFiles.Count(), 4);
+  cmdJunkFile_Click(on.window, 1);
+  cmdJunkFile_Click(on.window, 3);
+  EXPECT_EQ(on.window.lvJunkFiles.Count(), 4) << "nothing is ticked";
+  cmdJunkFile_Click(on.window, 2);
+  on.window.lvJunkFiles.Item(2)->SetChecked(false);
+  FileSystemObject().DeleteFile(on.root + "\\1.tmp", false);
+  cmdJunkFile_Click(on.window, 3);
+  EXPECT_EQ(on.Found(), Lines{"2.tmp"});
+  EXPECT_FALSE(on.window.lvJunkFiles.Item(1)->Checked());
+  EXPECT_EQ(on.pc.FileNames(on.root), (Lines{"2.tmp", "keep.txt"}));
+  EXPECT_FALSE(on.window.PbarRemoveJunk.Visible());
+  cmdJunkFile_Click(on.window, 4);
+  EXPECT_EQ(on.window.lvJunkFiles.Count(), 0);
+  EXPECT_EQ(on.pc.FileNames(on.root), Lines{"keep.txt"});
+  cmdJunkFile_Click(on.window, 4);
+  cmdJunkFile_Click(on.window, 6);
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,154 @@
+#include "platform/hosted/link_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/link_template.h"
+#include "platform/link_format.h"
+#include "platform/shell_link.h"
+#include "tests/support/link_bytes.h"
+#include "tests/support/test_pc.h"
+
+namespace tidemark::hosted {
+namespace {
+
+using namespace link_bytes;
+
+const std::string kLink = "\\Menu\\Sub\\x.lnk";
+
+std::string WholePath(const std::string& name, const std::string& long_name = {},
+                      std::size_t version = 3) {
+  return ItemList({RootItem(), DriveItem("C:\\"), FileItem(name, long_name, version)});
+}
+
+TEST(LinkFile, TheTargetIsFoundWhereverTheLinkHoldsIt) {
+  TestPc pc;
+  pc.SetVariable("TOOLS", "C:\\Tools");
+  const std::uint32_t both = kHasItemList | kHasLinkInfo;
+  const std::string local = LinkInfo("C:\\Apps", "", "a.exe");
+  struct Case {
+    const char* what;
+    std::string bytes;
+    std::string target;
+  };
+  const std::vector<Case> cases = {
+      {"item list before link info", Header(both) + WholePath("b.exe") + local, "C:\\b.exe"},
+      {"long name of an old block", Header(both) + WholePath("LO~1.EXE", "lo ng.exe") + local,
+       "C:\\lo ng.exe"},
+      {"of a middle one", Header(both) + WholePath("LO~1.EXE", "lo ng.exe", 7) + local,
+       "C:\\lo ng.exe"},
+      {"of a new one", Header(both) + WholePath("LO~1.EXE", "lo ng.exe", 9) + local,
+       "C:\\lo ng.exe"},
+      {"a short name alone", Header(both) + WholePath("LO~1.EXE") + local, "C:\\Apps\\a.exe"},
+      {"a folder of the shell's own", Header(both) + ItemList({RootItem()}) + local,
+       "C:\\Apps\\a.exe"},
+      {"a drive by its class",
+       Header(both) + ItemList({'\x2E' + std::string(17, '\x20'), FileItem("b.exe")}) + local,
+       "C:\\Apps\\a.exe"},
+      {"a drive alone", Header(kHasItemList) + ItemList({RootItem(), DriveItem("D:\\")}), "D:\\"},
+      {"an item that says it is longer than the list",
+       Header(both) + Word(8) + Word(0x1000) + "\x32" + Zeros(5) + local, "C:\\Apps\\a.exe"},
+      {"local path, no suffix", Header(kHasLinkInfo) + LinkInfo("C:\\b.exe", "", ""), "C:\\b.exe"},
+      {"a root and a suffix", Header(kHasLinkInfo) + LinkInfo("C:\\", "", "b.exe"), "C:\\b.exe"},
+      {"8 bits of the code page", Header(kHasLinkInfo) + LinkInfo("C:\\\xE4", "", ""),
+       "C:\\\xC3\xA4"},
+      {"8 bits of UTF-8", Header(kHasLinkInfo) + LinkInfo("C:\\\xC3\xA4", "", ""), "C:\\\xC3\xA4"},
+      {"16-bit texts before 8-bit ones",
+       Header(kHasLinkInfo) + LinkInfo("C:\\???.exe", "", "", "C:\\wide.exe"), "C:\\wide.exe"},
+      {"a share", Header(kHasLinkInfo) + LinkInfo("", "\\\\host\\share", "d\\a.exe"),
+       "\\\\host\\share\\d\\a.exe"},
+      {"a share that was a drive",
+       Header(kHasLinkInfo) + LinkInfo("", "\\\\host\\share", "d\\a.exe", "", "Z:"),
+       "Z:\\d\\a.exe"},
+      {"local before network", Header(kHasLinkInfo) + LinkInfo("C:\\", "\\\\h\\C", "a.exe"),
+       "C:\\a.exe"},
+      {"link info that is not to be read",
+       Header(kHasLinkInfo | kForceNoLinkInfo | kHasRelativePath) + local + String8(".\\r.exe"),
+       "C:\\Menu\\Sub\\r.exe"},
+      {"a path with variables", Header(0) + EnvironmentBlock("%TOOLS%\\e.exe", ""),
+       "C:\\Tools\\e.exe"},
+      {"the same in 16 bits", Header(0) + EnvironmentBlock("?", "%tools%\\w.exe"),
+       "C:\\Tools\\w.exe"},
+      {"behind another block",
+       Header(0) + Long(12) + Long(0xA0000003) + Zeros(4) + EnvironmentBlock("%TOOLS%", ""),
+       "C:\\Tools"},
+      {"advertised", Header(both | kHasAdvertisedTarget) + WholePath("b.exe") + local, ""},
+      {"relative, 8 bits", Header(kHasRelativePath) + String8("..\\..\\App\\r.exe"),
+       "C:\\App\\r.exe"},
+      {"relative, 16 bits", Header(kHasRelativePath | kIsWide) + String16("r.exe"),
+       "C:\\Menu\\Sub\\r.exe"},
+      {"offsets beyond link info",
+       Header(kHasLinkInfo | kHasRelativePath) + Long(0x1C) + Long(0x1C) + Long(3) +
+           Long(0xFFFFFFF0) + Long(0x1C) + Long(0xFFFFFFFF) + Long(0x1000) + String8("r.exe"),
+       "C:\\Menu\\Sub\\r.exe"},
+      {"nothing", Header(0), ""},
+  };
+  for (const Case& test : cases) {
+    pc.MakeFile("C:" + kLink, test.bytes);
+    LinkFields fields;
+    ASSERT_EQ(ReadLinkFile("C:" + kLink, fields), LinkStatus::kDone) << test.what;
+    EXPECT_EQ(fields.target, test.target) << test.what;
+  }
+}
+
+TEST(LinkFile, TextsAreReadInBothWidths) {
+  const std::uint32_t all =
+      kHasDescription | kHasRelativePath | kHasWorkingDirectory | kHasArguments | kHasIcon;
+  const std::string narrow = Header(all, 7) + String8("d\xE4") + String8("r") + String8("w") +
+                             String8(std::string("a\0b", 3)) + String8("i") + Long(0);
+  const std::string wide = Header(all | kIsWide, 7) + Word(2) + Wide("d\xE4") + String16("r") +
+                           String16("w") + String16("a") + String16("i") + Long(0);
+  for (const std::string& bytes : {narrow, wide}) {
+    const auto link = ParseLinkFile(bytes);
+    ASSERT_TRUE(link);
+    EXPECT_EQ(link->description, "d\xC3\xA4");
+    EXPECT_EQ(link->relative_path, "r");
+    EXPECT_EQ(link->working_directory, "w");
+    EXPECT_EQ(link->arguments, "a");
+    EXPECT_EQ(link->icon_file, "i");
+    EXPECT_EQ(link->show_command, 7);
+  }
+}
+
+// Whatever the bytes say, a link holds no more text than they do, and what is read of it can be
+// written and read once more.
+void ExpectSound(const std::string& bytes) {
+  const auto link = ParseLinkFile(bytes);
+  if (!link) return;
+  const auto again = ParseLinkFile(FormatLinkFile(*link));
+  ASSERT_TRUE(again);
+  for (const auto text : {&LinkFile::description, &LinkFile::working_directory,
+                          &LinkFile::arguments, &LinkFile::icon_file, &LinkFile::relative_path}) {
+    ASSERT_LE(((*link).*text).size(), 3 * bytes.size());
+    ASSERT_EQ((*again).*text, (*link).*text);
+  }
+  ASSERT_EQ(again->local_path, link->local_path);
+  ASSERT_EQ(again->show_command, link->show_command);
+}
+
+TEST(LinkFile, NoDamageToALinkDoesMoreThanSpoilIt) {
+  const std::string templ(kLinkTemplate.begin(), kLinkTemplate.end());
+  const std::string rich = Header(0xFF) + WholePath("LO~1.EXE", "lo ng.exe", 9) +
+                           LinkInfo("C:\\a", "\\\\h\\s", "x", "C:\\wide", "Z:") + String16("d") +
+                           String16("r") + String16("w") + String16("a") + String16("i") +
+                           EnvironmentBlock("%A%", "%A%") + Long(0);
+  for (const std::string& good : {templ, rich}) {
+    ASSERT_TRUE(ParseLinkFile(good));
+    for (std::size_t size = 0; size < good.size(); ++size) {
+      ExpectSound(good.substr(0, size));
+      EXPECT_FALSE(size < kHeaderSize && ParseLinkFile(good.substr(0, size))) << size;
+    }
+    for (std::size_t at = 0; at < good.size(); ++at) {
+      for (int value = 0; value < 256; ++value) {
+        std::string damaged = good;
+        damaged[at] = static_cast<char>(value);
+        ExpectSound(damaged);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tidemark::hosted

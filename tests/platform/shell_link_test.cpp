@@ -1,0 +1,109 @@
+#include "platform/shell_link.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "helpers/link_template.h"
+#include "tests/support/test_pc.h"
+
+namespace tidemark {
+namespace {
+
+// A link with nothing in it: a header and the end block.
+const std::string kEmptyLink =
+    std::string("\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 20) +
+    std::string(40, '\0') + std::string("\x01", 1) + std::string(15 + 4, '\0');
+
+void ExpectSame(const LinkFields& read, const LinkFields& wanted) {
+  EXPECT_EQ(read.target, wanted.target);
+  EXPECT_EQ(read.arguments, wanted.arguments);
+  EXPECT_EQ(read.name, wanted.name);
+  EXPECT_EQ(read.description, wanted.description);
+  EXPECT_EQ(read.hot_key, wanted.hot_key);
+  EXPECT_EQ(read.show_command, wanted.show_command);
+  EXPECT_EQ(read.working_directory, wanted.working_directory);
+  EXPECT_EQ(read.icon_file, wanted.icon_file);
+  EXPECT_EQ(read.icon_index, wanted.icon_index);
+}
+
+TEST(ShellLink, AChangedLinkReadsBackInEveryField) {
+  TestPc pc;
+  const std::string file = pc.folder() + "\\Menu\\Tool \xC3\xA4.LNK";
+  pc.MakeFile(file, kEmptyLink);
+  LinkFields fields;
+  ASSERT_EQ(ReadLinkFile(file, fields), LinkStatus::kDone);
+  EXPECT_EQ(fields.target, "");
+  LinkFields wanted{.target = "C:\\Gone \xC3\xA4\\\xD0\x96.exe",
+                    .arguments = "/x \"a b\"",
+                    .name = "Tool \xC3\xA4",
+                    .description = "What it \xE2\x82\xAC does",
+                    .hot_key = 0x0643,
+                    .working_directory = "C:\\Gone \xC3\xA4",
+                    .icon_file = "C:\\icons.dll",
+                    .icon_index = -7};
+  ASSERT_EQ(ChangeLinkFile(file, wanted), LinkStatus::kDone);
+  ASSERT_EQ(ReadLinkFile(file, fields), LinkStatus::kDone);
+  ExpectSame(fields, wanted);
+
+  // Another target altogether, a folder that is there; the icon stays when none is given.
+  LinkFields changed{.target = "C:\\windows", .name = wanted.name};
+  ASSERT_EQ(ChangeLinkFile(file, changed), LinkStatus::kDone);
+  changed.icon_file = wanted.icon_file;
+  changed.icon_index = wanted.icon_index;
+  ASSERT_EQ(ReadLinkFile(file, fields), LinkStatus::kDone);
+  ExpectSame(fields, changed);
+}
+
+TEST(ShellLink, WhatIsNoLinkLeavesTheFieldsAlone) {
+  TestPc pc;
+  const std::string folder = pc.folder() + "\\";
+  pc.MakeFile(folder + "empty.lnk", "");
+  pc.MakeFile(folder + "text.lnk",
+              "This is no link, but it is long enough for the header of one, "
+              "and for some bytes more behind it.");
+  pc.MakeFile(folder + "cut.lnk", kEmptyLink.substr(0, 40));
+  pc.MakeFolder(folder + "folder.lnk");
+  struct Case {
+    std::string file;
+    LinkStatus status;
+  };
+  for (const Case& test : {Case{folder + "empty.lnk", LinkStatus::kFailed},
+                           {folder + "text.lnk", LinkStatus::kFailed},
+                           {folder + "cut.lnk", LinkStatus::kFailed},
+                           {folder + "missing.lnk", LinkStatus::kNoItem},
+                           {folder + "no folder\\x.lnk", LinkStatus::kNoItem},
+                           {folder + "folder.lnk", LinkStatus::kNoItem},
+                           {"text.lnk", LinkStatus::kNoItem},
+                           {"", LinkStatus::kNoItem}}) {
+    LinkFields fields{.target = "as it was"};
+    EXPECT_EQ(ReadLinkFile(test.file, fields), test.status) << test.file;
+    EXPECT_EQ(fields.target, "as it was") << test.file;
+    EXPECT_EQ(ChangeLinkFile(test.file, {.target = "C:\\x"}), test.status) << test.file;
+  }
+  EXPECT_EQ(pc.ReadFile(folder + "cut.lnk"), kEmptyLink.substr(0, 40));
+}
+
+TEST(ShellLink, NoDamageToALinkDoesMoreThanSpoilIt) {
+  TestPc pc;
+  const std::string file = pc.folder() + "\\x.lnk";
+  std::string good(kLinkTemplate.begin(), kLinkTemplate.end());
+  const auto read = [&](const std::string& bytes, const std::string& what) {
+    pc.MakeFile(file, bytes);
+    LinkFields fields{.target = "as it was"};
+    const LinkStatus status = ReadLinkFile(file, fields);
+    ASSERT_NE(status, LinkStatus::kNoItem) << what;
+    EXPECT_EQ(status == LinkStatus::kFailed, fields.target == "as it was") << what;
+  };
+  for (std::size_t at = 0; at < good.size(); ++at) {
+    read(good.substr(0, at), "cut at " + std::to_string(at));
+    for (const char value : {'\0', '\x7F', '\xFF'}) {
+      std::string damaged = good;
+      damaged[at] = value;
+      read(damaged, "changed at " + std::to_string(at));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tidemark

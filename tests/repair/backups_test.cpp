@@ -1,0 +1,324 @@
+#include "repair/backups.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/settings_key.h"
+#include "platform/file_system_object.h"
+#include "platform/locale_texts.h"
+#include "platform/unique_handle.h"
+#include "registry/mdlRegistry.h"
+#include "repair/repair.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+// The registry editor is another process, so these work on the PC's own registry.
+struct BackupPc : WindowPc {
+  BackupPc() : WindowPc(TestPc::Registry::kLive) {}
+
+  std::string File(const std::string& name) const {
+    return pc.program_folder() + "\\backup\\" + name;
+  }
+  std::vector<std::string> Names() const { return Rows(window.LvBackup, {0}); }
+  void List() { Loadbackup(window); }
+  void SelectFirst() { window.LvBackup.UserSelect(*window.LvBackup.Item(1)); }
+
+  // A script that sets these values of the test's own key.
+  std::string Script(const std::string& lines) const {
+    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + pc.LiveKey() + "]\r\n" + lines;
+  }
+  void Set(const char* name, const std::string& text) {
+    pc.SetText(HKEY_CURRENT_USER, pc.LiveKey(), name, text);
+  }
+  std::string Get(const char* name) {
+    return GetRegString(HKEY_CURRENT_USER, pc.LiveKey(), name, "none");
+  }
+
+  // The box as a person sees it: "caption|message|buttons".
+  std::string Box() const {
+    if (!window.mess_box) return "no box";
+    const frmMessBox& box = *window.mess_box;
+    std::string text = box.form.Caption().String() + '|' + box.lblMessage.Caption().String() + '|';
+    for (const CommandButton* button : {&box.cmdYes, &box.cmdNo, &box.cmdOK}) {
+      if (button->Visible() && button->Enabled()) text += button->Caption().String();
+    }
+    return text;
+  }
+  // Answers the next question, and remembers it.
+  void Answer(CommandButton frmMessBox::*button) {
+    front_end.When([this] { return window.mess_box && window.mess_box->cmdYes.Visible(); },
+                   [this, button] {
+                     question = Box();
+                     ((*window.mess_box).*button).Click();
+                   });
+  }
+
+  // An editor that has ended lets go of its file.
+  void WaitForEditor(const std::string& file) {
+    constexpr DWORD kStepMs = 50;
+    for (int step = 0; step < 400; ++step) {
+      Sleep(kStepMs);
+      const UniqueFile alone(CreateFileA(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                         FILE_ATTRIBUTE_NORMAL, nullptr));
+      if (alone) return;
+    }
+  }
+
+  std::string question;
+};
+
+const std::string kRestored =
+    "Tidemark - Restore Complete!|The selected backup file has been restored!|&OK";
+
+TEST(Backups, ListsTheScriptsOfItsFolderWithTheirDates) {
+  BackupPc on;
+  on.List();
+  EXPECT_EQ(on.Names(), std::vector<std::string>{});
+  for (const char* name : {"undo_060411_130509.reg", "b.REG", "a note.txt", "RegBackup_1.reg"}) {
+    on.pc.MakeFile(on.File(name));
+  }
+  on.pc.MakeFolder(on.File("folder.reg"));
+  on.List();
+  EXPECT_EQ(on.Names(),
+            (std::vector<std::string>{"b.REG", "RegBackup_1.reg", "undo_060411_130509.reg"}));
+  const ListItem& row = *on.window.LvBackup.Item(2);
+  FileSystemObject::File file;
+  ASSERT_EQ(FileSystemObject().GetFile(on.File("RegBackup_1.reg"), file), FileSystemObject::kNone);
+  EXPECT_EQ(row.SubItem(1), DateTimeText(file.DateLastModified().value()));
+  EXPECT_EQ(row.SmallIcon(), 3);
+  on.pc.MakeFile(on.File(" blank.reg"));
+  on.List();
+  ASSERT_EQ(on.Names()[0], " blank.reg");
+  EXPECT_NE(on.window.LvBackup.Item(1)->SubItem(1), "");
+}
+
+TEST(Backups, ABackupIsMadeListedAndRemoved) {
+  BackupPc on;
+  on.Set("v", "kept");
+  on.window.cmdBakupReg.Click();
+  EXPECT_EQ(on.Box(),
+            "Tidemark - Manual Backup Complete!|"
+            "You have successfully created a backup of your registry\r\n"
+            "This backup file can be used to 'Restore' your current \r\n"
+            "registry settings at anytime|&OK");
+  ASSERT_EQ(on.Names().size(), 1U);
+  const std::string name = on.Names()[0];
+  EXPECT_TRUE(name == "RegBackup_061104_130509.reg" || !on.pc.CanFault()) << name;
+  on.WaitForEditor(on.File(name));
+  EXPECT_GT(on.pc.ReadFile(on.File(name)).size(), 100U);
+  on.window.mess_box->cmdOK.Click();
+
+  on.SelectFirst();
+  on.Answer(&frmMessBox::cmdNo);
+  on.window.cmdRemove.Click();
+  EXPECT_EQ(on.question,
+            "Tidemark - Delete Backup File?|"
+            "Are you sure you would like to delete the backup file:\r\n" +
+                name + "|&Yes&No");
+  EXPECT_TRUE(on.pc.FileExists(on.File(name)));
+  on.Answer(&frmMessBox::cmdYes);
+  on.window.cmdRemove.Click();
+  EXPECT_FALSE(on.pc.FileExists(on.File(name)));
+  EXPECT_EQ(on.Names(), std::vector<std::string>{});
+}
+
+TEST(Backups, ARestoredFileIsImportedAndUsedUp) {
+  BackupPc on;
+  on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+  on.Set("v", "new");
+  on.List();
+  on.SelectFirst();
+  on.pc.MakeFile(on.File("two.reg"));
+  on.Answer(&frmMessBox::cmdNo);
+  on.window.cmdRestore.Click();
+  EXPECT_EQ(on.question,
+            "Tidemark - Restore Backup File?|Are you sure you would like to restore your registry "
+            "using the backup file:\r\none.reg|&Yes&No");
+  EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"}) << "no leaves the list as it stands";
+  EXPECT_EQ(on.Box(), "no box");
+  // The list may be filled anew, with nothing selected, while the question is up.
+  on.front_end.When([&] { return on.window.mess_box != nullptr; }, [&] { on.List(); });
+  on.Answer(&frmMessBox::cmdYes);
+  on.window.cmdRestore.Click();
+  EXPECT_EQ(on.Box(), kRestored);
+  EXPECT_EQ(on.Names(), std::vector<std::string>{"two.reg"});
+  Sleep(500);
+  EXPECT_EQ(on.Get("v"), "old");
+}
+
+TEST(Backups, TheWholeRegistryIsWhatItWas) {
+  BackupPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "the real registry is not ours to write back";
+  on.Set("changed", "before");
+  on.Set("deleted", "before");
+  on.window.cmdBakupReg.Click();
+  Sleep(100);
+  on.Set("changed", "after");
+  SHDeleteKeyA(HKEY_CURRENT_USER, on.pc.LiveKey().c_str());
+  on.SelectFirst();
+  on.Answer(&frmMessBox::cmdYes);
+  on.window.cmdRestore.Click();
+  Sleep(100);
+  EXPECT_EQ(on.Get("changed") + " " + on.Get("deleted"), "before before");
+  EXPECT_EQ(on.Names(), std::vector<std::string>{});
+}
+
+TEST(Backups, AnUndoFileBringsRepairedEntriesBackForTheNextScan) {
+  BackupPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "the real registry is not ours to scan and repair";
+  on.pc.SetText(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Gone",
+                "C:\\no such folder\\gone.exe");
+  on.pc.SetText(HKEY_LOCAL_MACHINE,
+                "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\gone.exe", "",
+                "C:\\no such folder\\gone.exe");
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Startup", "0");
+  on.window.SetInitValues();
+  on.window.cmdScan.Click();
+  const std::vector<std::string> found = on.NamesAndReasons();
+  ASSERT_EQ(found.size(), 2U);
+  on.window.cmdFix.Click();
+  ASSERT_EQ(on.Names(), std::vector<std::string>{"undo_060411_130509.reg"});
+  on.window.cmdScan.Click();
+  EXPECT_EQ(on.NamesAndReasons(), std::vector<std::string>{});
+
+  on.SelectFirst();
+  on.Answer(&frmMessBox::cmdYes);
+  on.window.cmdRestore.Click();
+  Sleep(100);
+  EXPECT_EQ(on.Names(), std::vector<std::string>{});
+  on.window.cmdScan.Click();
+  EXPECT_EQ(on.NamesAndReasons(), found);
+}
+
+TEST(Backups, WithNoRowSelectedNothingHappens) {
+  BackupPc on;
+  on.pc.MakeFile(on.File("one.reg"));
+  on.window.cmdRestore.Click();
+  on.window.cmdRemove.Click();
+  EXPECT_EQ(on.Box(), "no box");
+  EXPECT_EQ(on.Names(), std::vector<std::string>{}) << "not even the list is filled";
+}
+
+TEST(Backups, AFileThatHasVanishedIsNotRestoredAndIsRemovedInVain) {
+  BackupPc on;
+  for (Control* button : {&on.window.cmdRestore, &on.window.cmdRemove}) {
+    on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+    on.List();
+    on.SelectFirst();
+    DeleteFileA(on.File("one.reg").c_str());
+    on.question.clear();
+    on.Answer(&frmMessBox::cmdYes);
+    dynamic_cast<CommandButton&>(*button).Click();
+    EXPECT_EQ(on.question.empty(), button == &on.window.cmdRestore);
+    EXPECT_EQ(on.Box(), "no box");
+    EXPECT_EQ(on.Names(), std::vector<std::string>{});
+  }
+}
+
+TEST(Backups, AReadOnlyFileStaysInTheList) {
+  BackupPc on;
+  on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+  SetFileAttributesA(on.File("one.reg").c_str(), FILE_ATTRIBUTE_READONLY);
+  on.List();
+  for (CommandButton* button : {&on.window.cmdRemove, &on.window.cmdRestore}) {
+    on.SelectFirst();
+    on.Answer(&frmMessBox::cmdYes);
+    button->Click();
+    EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"});
+  }
+  Sleep(500);
+  EXPECT_EQ(on.Get("v"), "old");
+  EXPECT_EQ(on.Box(), kRestored);
+}
+
+TEST(Backups, OfAFileCutShortComesBackWhatIsWhole) {
+  BackupPc on;
+  on.pc.MakeFile(on.File("one.reg"), on.Script("\"a\"=\"old\"\r\n\"b\"=\"ol"));
+  on.Set("a", "new");
+  on.Set("b", "new");
+  on.List();
+  on.SelectFirst();
+  on.Answer(&frmMessBox::cmdYes);
+  on.window.cmdRestore.Click();
+  Sleep(500);
+  EXPECT_EQ(on.Get("a") + " " + on.Get("b"), "old new");
+  EXPECT_EQ(on.Box(), kRestored) << "success is told all the same";
+}
+
+TEST(Backups, AFolderThatIsGoneIsMadeAgain) {
+  BackupPc on;
+  on.window.application.folder = on.pc.folder() + "\\Elsewhere";
+  on.pc.MakeFolder(on.window.application.folder);
+  on.window.cmdBakupReg.Click();
+  Sleep(100);
+  EXPECT_NE(on.Box().find("successfully"), std::string::npos) << "success is told all the same";
+  EXPECT_EQ(on.Names(), std::vector<std::string>{});
+  on.pc.MakeFile(on.window.application.folder + "\\backup\\one.reg");
+  on.List();
+  EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"});
+  on.window.application.folder = on.pc.folder() + "\\Nowhere";
+  on.List();
+  EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"})
+      << "where it can't be made, the folder before stays";
+  EXPECT_EQ(on.window.LvBackup.Item(1)->SubItem(1), "") << "and its files are not this one's";
+}
+
+TEST(Backups, ASlowExportIsToldAsDoneWhileItRuns) {
+  BackupPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "the editor can't be told to be slow on this ground";
+  on.Set("v", "first");
+  on.pc.SlowEditor(5000, 3000);
+  on.window.cmdBakupReg.Click();
+  EXPECT_NE(on.Box().find("successfully"), std::string::npos);
+  EXPECT_EQ(on.Names(), std::vector<std::string>{}) << "not even there yet";
+  Sleep(2000);
+  on.List();
+  ASSERT_EQ(on.Names().size(), 1U);
+  const std::string file = on.File(on.Names()[0]);
+  EXPECT_EQ(on.pc.ReadFile(file), "") << "there, and not filled yet";
+  // A second one in the same second has the same name, and the later export stays.
+  on.pc.SetTime({2006, 11, 6, 4, 13, 5, 9, 0});
+  on.window.cmdBakupReg.Click();
+  Sleep(5000);
+  on.Set("v", "second");
+  Sleep(20000);
+  on.List();
+  ASSERT_EQ(on.Names().size(), 1U);
+  on.SelectFirst();
+  on.Set("v", "third");
+  on.pc.SlowEditor(2);
+  on.Answer(&frmMessBox::cmdYes);
+  on.window.cmdRestore.Click();
+  Sleep(100);
+  EXPECT_EQ(on.Get("v"), "second");
+}
+
+TEST(Backups, ASlowImportIsToldAsDoneAndMayLoseItsFile) {
+  struct Case {
+    unsigned duration_ms, start_up_ms;
+    const char* later;
+  };
+  for (const Case& one : {Case{5000, 1, "old"}, {5000, 1900, "old"}, {2, 3000, "new"}}) {
+    BackupPc on;
+    if (!on.pc.CanFault()) GTEST_SKIP() << "the editor can't be told to be slow on this ground";
+    on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+    on.Set("v", "new");
+    on.List();
+    on.SelectFirst();
+    on.pc.SlowEditor(one.duration_ms, one.start_up_ms);
+    on.Answer(&frmMessBox::cmdYes);
+    on.window.cmdRestore.Click();
+    EXPECT_EQ(on.Box(), kRestored);
+    EXPECT_EQ(on.Names(), std::vector<std::string>{});
+    EXPECT_EQ(on.Get("v"), "new") << "not yet";
+    Sleep(10000);
+    EXPECT_EQ(on.Get("v"), one.later) << one.start_up_ms;
+  }
+}
+
+}  // namespace
+}  // namespace tidemark

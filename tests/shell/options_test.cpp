@@ -1,0 +1,164 @@
+#include "shell/options.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/settings_key.h"
+#include "registry/mdlRegistry.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+constexpr const char* kEntry = "Tidemark - 2.1";
+
+void Store(const char* name, const std::string& text) {
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
+}
+std::string Stored(const char* name) {
+  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
+}
+
+// "boxes schedule": the values of the three check boxes and the chosen schedules' numbers.
+std::string Shown(frmMain& window) {
+  std::string shown;
+  for (const CheckBox* box : {&window.chkStartup, &window.chkSystray, &window.chkScheduler}) {
+    shown += std::to_string(box->Value()) + ' ';
+  }
+  for (int index = 0; index < window.optSchedule.Count(); ++index) {
+    if (window.optSchedule(index).Value()) shown += std::to_string(index);
+  }
+  return shown;
+}
+
+// The enabled ones of the four schedules, "a" for Apply, "c" for Cancel.
+std::string Enabled(frmMain& window) {
+  std::string enabled;
+  for (int index = 0; index < window.optSchedule.Count(); ++index) {
+    if (window.optSchedule(index).Enabled()) enabled += std::to_string(index);
+  }
+  if (window.cmdOptApply.Enabled()) enabled += 'a';
+  if (window.cmdOptCancel.Enabled()) enabled += 'c';
+  return enabled;
+}
+
+TEST(Options, WithNothingStoredTheProgramStartsWithWindows) {
+  WindowPc on;
+  LoadOptions(on.window);
+  EXPECT_EQ(Shown(on.window), "1 0 0 3");
+  EXPECT_EQ(Enabled(on.window), "");
+  const auto entry = on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry);
+  ASSERT_TRUE(entry);
+  EXPECT_EQ(entry->type, REG_SZ);
+  EXPECT_EQ(entry->bytes.substr(0, entry->bytes.find('\0')),
+            on.pc.program_folder() + "\\tidemark.exe /m");
+}
+
+TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
+  struct Case {
+    const char* startup;
+    const char* systray;
+    const char* scheduler;
+    const char* type;
+    const char* shown;    // after "1 0 0 3" was
+    const char* enabled;  // of the schedules
+  };
+  for (const Case& one : {Case{"0", "1", "1", "2", "0 1 1 2", "0123"},
+                          {"x", "x", "x", "x", "0 0 0 0", ""},
+                          {"", "", "", "", "0 0 0 0", ""},
+                          {"1 or so", " 1", "1.4", "1.6", "1 1 1 2", "0123"},
+                          {"5", "-1", "2", "2.5", "5 -1 2 2", ""},
+                          {"99999", "40000", "1e99", "99999", "1 0 0 3", ""},
+                          {"0", "0", "0", "4", "0 0 0 3", ""},
+                          {"0", "0", "0", "-1", "0 0 0 3", ""}}) {
+    WindowPc on;
+    LoadOptions(on.window);
+    SetStartupEntry(on.window, false);
+    Store("Startup", one.startup);
+    Store("ShowinSystray", one.systray);
+    Store("Scheduler", one.scheduler);
+    Store("SchedulerType", one.type);
+    LoadOptions(on.window);
+    EXPECT_EQ(Shown(on.window), one.shown) << one.startup << ' ' << one.type;
+    EXPECT_EQ(Enabled(on.window), one.enabled) << one.scheduler;
+    EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry).has_value(),
+              on.window.chkStartup.Value() == 1)
+        << one.startup;
+  }
+}
+
+TEST(Options, ChangesCountWhenTheyAreAppliedAndOutliveARestart) {
+  WindowPc on;
+  LoadOptions(on.window);
+  on.window.chkScheduler.Click();
+  EXPECT_EQ(Enabled(on.window), "0123ac");
+  on.window.optSchedule(1).Click();
+  on.window.chkSystray.Click();
+  on.window.chkStartup.Click();
+  EXPECT_EQ(Stored("Scheduler"), "none");
+  EXPECT_FALSE(on.window.TmrScheduler.Enabled());
+  on.window.cmdOptApply.Click();
+  EXPECT_EQ(
+      Stored("Startup") + Stored("ShowinSystray") + Stored("Scheduler") + Stored("SchedulerType"),
+      "0111");
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry)) << "the entry goes";
+  EXPECT_TRUE(on.window.TmrScheduler.Enabled()) << "the timer follows at once";
+  EXPECT_EQ(on.window.form.State(), WindowState::kNormal) << "the window stays";
+  EXPECT_EQ(Enabled(on.window), "0123");
+
+  frmMain restarted(on.front_end, on.window.application);
+  BindHandlers(restarted);
+  restarted.LoadOptions();
+  restarted.Scheduler();
+  EXPECT_EQ(Shown(restarted), "0 1 1 1");
+  EXPECT_TRUE(restarted.TmrScheduler.Enabled());
+  for (ClickControl* control : {static_cast<ClickControl*>(&restarted.chkStartup),
+                                static_cast<ClickControl*>(&restarted.chkSystray),
+                                static_cast<ClickControl*>(&restarted.optSchedule(1))}) {
+    control->Click();
+    EXPECT_EQ(Enabled(restarted), "0123ac") << control->Name();
+    restarted.cmdOptCancel.Click();
+  }
+  EXPECT_EQ(Shown(restarted), "0 1 1 1");
+}
+
+TEST(Options, CancelBringsTheStoredOnesBack) {
+  WindowPc on;
+  LoadOptions(on.window);
+  on.window.chkStartup.Click();
+  on.window.chkScheduler.Click();
+  on.window.cmdOptCancel.Click();
+  EXPECT_EQ(Shown(on.window), "1 0 0 3");
+  EXPECT_EQ(Enabled(on.window), "");
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry));
+  Store("Startup", "0");
+  LoadOptions(on.window);
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry)) << "an old entry is left in place";
+}
+
+TEST(Options, WithNoScheduleChosenAnEmptyTextIsStored) {
+  WindowPc on;
+  on.window.chkStartup.SetValue(5);
+  cmdOptApply_Click(on.window);
+  EXPECT_EQ(Stored("SchedulerType"), "");
+  EXPECT_EQ(Stored("Startup"), "5");
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry)) << "anything but 0 starts it";
+}
+
+TEST(Options, SelectAllTicksAllTestsAndIsKept) {
+  WindowPc on;
+  on.window.SetInitValues();
+  const std::string all = "1;1;1;1;1;1;1;1;1;1;1;1";
+  for (const bool ticked : {true, false}) {
+    on.window.chkSelectAll.Click();
+    EXPECT_EQ(on.window.lvLocations.Item(12)->Checked(), ticked);
+    EXPECT_EQ(Stored("LocState") == all, ticked);
+    EXPECT_EQ(Stored("SelectAllLoc"), ticked ? "1" : "0");
+  }
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,197 @@
+#include "shortcuts/shortcuts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "helpers/modShortcut.h"
+#include "helpers/settings_key.h"
+#include "helpers/system_helpers.h"
+#include "platform/letter_case.h"
+#include "registry/mdlRegistry.h"
+#include "scan/locations.h"
+#include "tests/support/special_folders.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class ShortcutsPc : public WindowPc {
+ public:
+  ShortcutsPc() {
+    UseOwnSpecialFolders(pc);
+    common = GetSpecialFolderPath(CSIDL_COMMON_STARTMENU) + "\\";
+    user = GetSpecialFolderPath(CSIDL_STARTMENU) + "\\";
+    desktop = GetSpecialFolderPath(CSIDL_DESKTOP) + "\\";
+    window.CurrentLocation = "SHORTCUTS";
+    window.lvScan.Add("SHORTCUTS", "Shortcuts")->SetSubItem(2, "0");
+  }
+
+  void Link(std::string file, const std::string& target) {
+    pc.MakeFolder(file.substr(0, file.rfind('\\')));
+    EXPECT_TRUE(WriteShortcut(front_end, file, AskBeforeReplacing::kNo,
+                              {.target = target, .arguments = "/gone"}));
+  }
+  Lines Findings() const { return Rows(window.lvInvalidLoc, {0, 1, 2, 3, 4, 5, 6}); }
+  std::string Row(const std::string& file, const std::string& name) const {
+    return file + '|' + name + '|' + gone + "|Target not valid||1|SHORTCUTS";
+  }
+  // Calls this at each yield.
+  void Watch(std::function<void()> look) {
+    front_end.When([look = std::move(look)] { return look(), false; }, [] {});
+  }
+
+  std::string gone = pc.folder() + "\\gone.exe";
+  std::string common, user, desktop;
+};
+
+TEST(ShortCuts, ReportsLinksWhoseTargetIsGoneInAllThreePlaces) {
+  ShortcutsPc on;
+  on.pc.MakeFile(on.pc.folder() + "\\here.exe");
+  on.Link(on.common + "Apps\\Deep\\a.LNK", on.gone);
+  on.Link(on.common + "Apps\\file.lnk", on.pc.folder() + "\\here.exe");
+  on.Link(on.common + "Apps\\folder.lnk", on.pc.folder());
+  on.Link(on.common + "Apps\\nothing.lnk", "");
+  on.Link(on.common + "Apps\\z.lnk", on.gone);
+  on.Link(on.common + "My system volume\\x.lnk", on.gone);
+  on.Link(on.common + "System Volume Information\\x.lnk", on.gone);
+  on.Link(on.common + "z.lnk", on.gone);
+  on.pc.MakeFile(on.common + "damaged.lnk", "no link");
+  on.pc.MakeFile(on.common + "gone.lnk.txt", "no link");
+  on.Link(on.user + "z.lnk", on.gone);
+  on.Link(on.desktop + "Known.lnk", on.gone);
+  on.Link(on.desktop + "remote.lnk", "\\\\tidemark-no-host\\share\\a.exe");
+  on.window.IgnoreList.slots = {LowerCase("Known " + on.gone + " " + on.desktop), ""};
+  ShortCuts(on.window);
+  std::string remote = on.Row(on.desktop + "remote.lnk", "remote");
+  remote.replace(remote.find(on.gone), on.gone.size(), "\\\\tidemark-no-host\\share\\a.exe");
+  EXPECT_EQ(
+      on.Findings(),
+      (Lines{on.Row(on.common + "Apps\\Deep\\a.LNK", "a"), on.Row(on.common + "Apps\\z.lnk", "z"),
+             on.Row(on.common + "z.lnk", "z"), on.Row(on.user + "z.lnk", "z"), remote}));
+  EXPECT_EQ(on.window.lvInvalidLoc.Item(2)->Key(), "K2");
+  EXPECT_EQ(on.window.ProblemCount, 5);
+  EXPECT_EQ(on.window.lvScan.Item(1)->SubItem(2), "5") << "the ignored link is not counted";
+  EXPECT_EQ(on.window.pbarScan.Value(), on.window.pbarScan.Max());
+}
+
+TEST(ShortCuts, TellsWhereItIs) {
+  ShortcutsPc on;
+  on.Link(on.user + "Apps\\a.lnk", on.gone);
+  on.pc.MakeFile(on.user + "Apps\\b.txt");
+  on.pc.MakeFile(on.user + "c.txt");
+  Lines texts;
+  on.Watch([&] {
+    const std::string text = on.window.lblstatus.Caption().String();
+    if (texts.empty() || texts.back() != text) texts.push_back(text);
+  });
+  std::string folder = on.user.substr(0, on.user.size() - 1);
+  ScanShortCut(on.window, folder);
+  EXPECT_EQ(folder, on.user) << "the caller's folder gets its backslash";
+  EXPECT_EQ(texts,
+            (Lines{"Scaning Folder: " + on.user + "\\", "Scaning Folder: " + on.user + "Apps\\\\",
+                   "Scaning Folder:" + on.user + "Apps\\\\a.lnk",
+                   "Scaning Folder:" + on.user + "\\Apps"}));
+  EXPECT_EQ(on.window.pbarScan.Value(), 4) << "a folder and three files";
+
+  // With no folder at all the walk is one of the current folder, whose links have no full path.
+  texts.clear();
+  on.Link(on.pc.program_folder() + "\\a.lnk", on.gone);
+  std::string none;
+  ScanShortCut(on.window, none);
+  EXPECT_EQ(none, "");
+  EXPECT_EQ(texts, (Lines{"Scaning Folder: \\", "Scaning Folder:\\a.lnk",
+                          "Scaning Folder: backup\\\\", "Scaning Folder:\\backup"}));
+  EXPECT_EQ(on.window.ProblemCount, 1);
+  texts.clear();
+  std::string missing = on.pc.folder() + "\\missing";
+  ScanShortCut(on.window, missing);
+  EXPECT_EQ(texts, Lines{"Scaning Folder: " + missing + "\\"});
+}
+
+TEST(ShortCuts, TheBarWrapsRound) {
+  ShortcutsPc on;
+  for (int file = 0; file < 130; ++file) {
+    on.pc.MakeFile(on.desktop + std::to_string(file) + ".txt");
+  }
+  std::vector<int> values;
+  on.Watch([&] {
+    const int value = on.window.pbarScan.Value();
+    if (values.empty() || values.back() != value) values.push_back(value);
+  });
+  ShortCuts(on.window);
+  EXPECT_EQ(*std::max_element(values.begin(), values.end()), 100);
+  const auto full = std::find(values.begin(), values.end(), 100);
+  ASSERT_LT(full + 1, values.end());
+  EXPECT_EQ(full[1], 1) << "it is set back before the next file";
+  EXPECT_EQ(values.back(), 30);
+  EXPECT_EQ(on.window.pbarScan.Value(), 100);
+}
+
+TEST(ShortCuts, AStopAtAnyYieldEndsTheWalk) {
+  ShortcutsPc on;
+  for (const char* const name : {"A\\B\\1", "A\\B\\2", "A\\3", "A\\4", "5", "6"}) {
+    on.Link(on.user + name + ".lnk", on.gone);
+  }
+  // Yields and findings of a walk that is stopped at that yield; 0 is never.
+  const auto walk = [&on](long stop) {
+    on.window.lvInvalidLoc.Clear();
+    on.window.StopRequested = false;
+    const long begin = on.front_end.yields();
+    if (stop > 0) on.front_end.AtYield(begin + stop, [&on] { on.window.StopRequested = true; });
+    std::string folder = on.user;
+    ScanShortCut(on.window, folder);
+    return std::pair(on.front_end.yields() - begin, on.window.lvInvalidLoc.Count());
+  };
+  const auto [last_yield, all_findings] = walk(0);
+  EXPECT_EQ(all_findings, 6);
+  constexpr long kStepsOfALevel = 4;
+  constexpr long kLevels = 3;
+  int findings = 0;
+  for (long stop = 1; stop <= last_yield; ++stop) {
+    const auto [yields, found] = walk(stop);
+    ASSERT_LE(yields, stop + kStepsOfALevel * kLevels) << stop;
+    ASSERT_GE(found, findings) << stop;
+    findings = found;
+  }
+  EXPECT_EQ(findings, all_findings);
+}
+
+TEST(ShortCuts, AFolderThatCannotBeListedEndsItsOwnLevelOnly) {
+  ShortcutsPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "access can't be denied on this ground";
+  on.Link(on.user + "A\\1.lnk", on.gone);
+  on.Link(on.user + "B\\2.lnk", on.gone);
+  on.Link(on.user + "B\\3.lnk", on.gone);
+  on.pc.DenyFile(on.user + "A");
+  on.pc.DenyFile(on.user + "B\\2.lnk");
+  ShortCuts(on.window);
+  EXPECT_EQ(on.Findings(), Lines{on.Row(on.user + "B\\3.lnk", "3")});
+}
+
+TEST(ShortCuts, ScanAndRepairMoveBrokenLinksToTheBackupFolder) {
+  ShortcutsPc on;
+  on.window.lvScan.Clear();
+  on.Link(on.user + "Apps\\a.lnk", on.gone);
+  on.Link(on.desktop + "b.lnk", on.gone);
+  SetFileAttributesA((on.desktop + "b.lnk").c_str(), FILE_ATTRIBUTE_READONLY);
+  const std::string bytes = on.pc.ReadFile(on.desktop + "b.lnk");
+  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", "0;0;0;0;0;0;0;0;0;0;0;1");
+  LoadLocations(on.window);
+  on.window.cmdScan.Click();
+  EXPECT_EQ(WindowPc::Rows(on.window.lvFound, {0, 1}), Lines{"Shortcuts|2"});
+  on.window.cmdFix.Click();
+  EXPECT_FALSE(on.pc.FileExists(on.user + "Apps\\a.lnk"));
+  EXPECT_FALSE(on.pc.FileExists(on.desktop + "b.lnk"));
+  EXPECT_EQ(on.pc.FileNames(on.pc.program_folder() + "\\backup"), (Lines{"a.lnk", "b.lnk"}));
+  EXPECT_EQ(on.pc.ReadFile(on.pc.program_folder() + "\\backup\\b.lnk"), bytes);
+}
+
+}  // namespace
+}  // namespace tidemark

@@ -1,0 +1,227 @@
+#include "startup/startup.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "helpers/system_helpers.h"
+#include "registry/ini_access.h"
+#include "tests/support/special_folders.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+
+class StartupPc : public WindowPc {
+ public:
+  StartupPc() {
+    UseOwnSpecialFolders(pc);
+    ClearIni();
+  }
+  ~StartupPc() { ClearIni(); }
+
+  // Name, command, location, state and kind.
+  Lines Programs() const {
+    return Rows(window.lvPrograms, {0, kCommand, kLocation, kEnabled, kKind});
+  }
+  ListItem& Row(const std::string& name) {
+    for (int index = 1; index <= window.lvPrograms.Count(); ++index) {
+      if (window.lvPrograms.Item(index)->Caption() == name) return *window.lvPrograms.Item(index);
+    }
+    throw std::out_of_range("no row " + name);
+  }
+  void Tick(const std::string& name, bool checked) {
+    window.lvPrograms.UserCheck(Row(name), checked);
+  }
+
+  std::string win_ini = GetWindowsDir() + "\\win.ini";
+
+ private:
+  void ClearIni() {
+    for (const char* section : {"SM_Disabled", "SM_DisabledWindows"}) {
+      WritePrivateProfileStringA(section, nullptr, nullptr, win_ini.c_str());
+    }
+    for (const char* key : {"Load", "Run"}) {
+      WritePrivateProfileStringA("Windows", key, nullptr, win_ini.c_str());
+    }
+  }
+};
+
+TEST(Startup, ListsEverySourceInOrderAndTheDisabledOnesBehindEach) {
+  StartupPc on;
+  const std::string once = "Software\\Microsoft\\Windows\\CurrentVersion\\";
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "user run", "C:\\Windows");
+  on.pc.SetDword(HKEY_CURRENT_USER, kRun + "Once", "number", 1);
+  on.pc.SetText(HKEY_CURRENT_USER, "-" + kRun, "user off", "C:\\gone.exe");
+  on.pc.SetText(HKEY_LOCAL_MACHINE, kRun, "machine run", "m.exe");
+  for (const char* key : {"RunOnceEx", "RunServices", "RunServicesOnce"}) {
+    on.pc.SetText(HKEY_LOCAL_MACHINE, once + key, key, "x");
+  }
+  on.pc.SetText(HKEY_LOCAL_MACHINE, once + "RunOnceEx\\0001", "not entered", "x");
+  WriteIniValue("Windows", "Load", "C:\\Apps\\tool.exe /x", on.win_ini);
+  WriteIniValue("SM_Disabled", "Load", "C:\\Apps\\", on.win_ini);
+  WriteIniValue("Windows", "Run", "No", on.win_ini);
+  WriteIniValue("SM_Disabled", "Run", "1", on.win_ini);
+  loadPrograms(on.window);
+  EXPECT_EQ(on.Programs(),
+            (Lines{"user run|C:\\Windows|Registry\\Current User\\Run|Enabled|Reg",
+                   "user off|C:\\gone.exe|Registry\\Current User\\Run|Disabled|Reg",
+                   "number||Registry\\Current User\\Run Once|Enabled|Reg",
+                   "machine run|m.exe|Registry\\All Users\\Run|Enabled|Reg",
+                   "RunOnceEx|x|Registry\\All Users\\Run Once Ex|Enabled|Reg",
+                   "RunServices|x|Registry\\All Users\\Run Services|Enabled|Reg",
+                   "RunServicesOnce|x|Registry\\All Users\\Run Services Once|Enabled|Reg",
+                   "tool|C:\\Apps\\tool.exe /x|Win.ini\\Load|Enabled|File",
+                   "|C:\\Apps\\|Win.ini\\Load|Disabled|File"}));
+  EXPECT_EQ(on.Row("user off").SubItem(kExists), "No");
+  EXPECT_EQ(on.Row("user run").SubItem(kExists), "Yes");
+  EXPECT_TRUE(on.Row("user run").Checked());
+  EXPECT_FALSE(on.Row("user off").Checked());
+  on.window.lvPrograms.UserSelect(on.Row("tool"));
+  EXPECT_EQ(on.window.lvPrograms.ToolTipText(), "C:\\Apps\\tool.exe /x");
+  EXPECT_EQ(GetHKey("Win.ini\\Run"), HKEY_CURRENT_USER);
+  EXPECT_EQ(GetSubKey("elsewhere"), "");
+}
+
+TEST(Startup, ARegistryEntryGoesToItsTwinAndComesBackUnchanged) {
+  StartupPc on;
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "C:\\App \xC3\xA4.exe -x");
+  loadPrograms(on.window);
+  on.Tick("app", false);
+  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, "-" + kRun, "app"), "C:\\App \xC3\xA4.exe -x");
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
+  EXPECT_EQ(on.Row("app").SubItem(kEnabled), "Disabled");
+  on.Tick("app", true);
+  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, "app"), "C:\\App \xC3\xA4.exe -x");
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, "-" + kRun, "app"));
+  EXPECT_TRUE(on.front_end.messages().empty());
+}
+
+TEST(Startup, AnEntryThatCannotBeMovedStaysAndSaysSo) {
+  StartupPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "only a hosted PC can deny a key";
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "a.exe");
+  on.pc.MakeKey(HKEY_CURRENT_USER, "-" + kRun);
+  loadPrograms(on.window);
+  on.pc.DenyKey("HKEY_CURRENT_USER\\-" + kRun);
+  on.Tick("app", false);
+  EXPECT_EQ(on.front_end.messages(), Lines{"Program not disabled: Unable to disable this program"});
+  EXPECT_EQ(on.front_end.icons(), std::vector{MessageIcon::kCritical});
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
+  EXPECT_FALSE(on.Row("app").Checked()) << "the tick stays as the person set it";
+  EXPECT_EQ(on.Row("app").SubItem(kEnabled), "Enabled");
+}
+
+TEST(Startup, WinIniKeepsAWordInsteadOfTheCommandAndLoadIsLost) {
+  StartupPc on;
+  WriteIniValue("Windows", "Load", "C:\\Windows\\notepad.exe", on.win_ini);
+  WriteIniValue("Windows", "Run", "C:\\gone\\r.exe", on.win_ini);
+  loadPrograms(on.window);
+  const std::string exists = on.Row("notepad").SubItem(kExists).String();
+  on.Tick("notepad", false);
+  on.Tick("r", false);
+  EXPECT_EQ(ReadIniValue("SM_Disabled", "Run", on.win_ini), "No");
+  EXPECT_EQ(ReadIniValue("Windows", "Run", on.win_ini), "");
+  EXPECT_EQ(ReadIniValue("SM_Disabled", "Load", on.win_ini), "");
+  EXPECT_EQ(ReadIniValue("SM_DisabledWindows", "Load", on.win_ini), exists);
+  EXPECT_EQ(on.Row("r").SubItem(kEnabled), "Disabled");
+  on.Tick("r", true);
+  EXPECT_EQ(ReadIniValue("Windows", "Run", on.win_ini), "No");
+  loadPrograms(on.window);
+  EXPECT_EQ(on.Programs(), Lines{}) << "\"No\" is no program, and nothing reads the other section";
+}
+
+TEST(Startup, AFileOfAStartupFolderMovesAndIsLostWithoutAStore) {
+  StartupPc on;
+  const std::string live = GetSpecialFolderPath(CSIDL_STARTUP) + "\\tm-test.reg";
+  const std::string store = on.pc.program_folder() + "\\Startup Folder\\Current User";
+  on.pc.MakeFile(live, "text");
+  on.pc.MakeFolder(store);
+  loadPrograms(on.window);
+  EXPECT_EQ(on.Row("tm-test.reg").SubItem(kKind), "File");
+  on.Tick("tm-test.reg", false);
+  EXPECT_FALSE(on.pc.FileExists(live));
+  EXPECT_EQ(on.pc.ReadFile(store + "\\tm-test.reg"), "text");
+  on.Tick("tm-test.reg", true);
+  EXPECT_EQ(on.pc.ReadFile(live), "text");
+  EXPECT_FALSE(on.pc.FileExists(store + "\\tm-test.reg"));
+  on.window.application.folder = on.pc.folder() + "\\elsewhere";
+  loadPrograms(on.window);
+  EXPECT_EQ(on.Programs(),
+            (Lines{"tm-test.reg|tm-test.reg|Startup Folder\\Current User|Enabled|File",
+                   "tm-test.reg|tm-test.reg|Startup Folder\\Current User|Disabled|File"}))
+      << "the list of files stays where it was, and its files are listed once more";
+  on.Tick("tm-test.reg", false);
+  EXPECT_FALSE(on.pc.FileExists(live)) << "the copy failed, the delete did not";
+}
+
+TEST(Startup, ALinkIsWrittenMovedAndDeletedByItsName) {
+  StartupPc on;
+  const std::string live = GetSpecialFolderPath(CSIDL_COMMON_STARTUP) + "\\tool.lnk";
+  const std::string store = on.pc.program_folder() + "\\Startup Folder\\All Users\\tool.lnk";
+  on.pc.MakeFolder(on.pc.program_folder() + "\\Startup Folder\\All Users");
+  // The list of files shows no links, so the row is made by hand.
+  const auto add_row = [&on] {
+    AddtoRunList(on.window, "tool", "C:\\Windows", "Startup Folder\\All Users", true, "Lnk");
+    on.Row("tool").SetChecked(true);
+  };
+  add_row();
+  AddNew(on.window, on.Row("tool"));
+  EXPECT_TRUE(on.pc.FileExists(live));
+  EXPECT_EQ(on.Programs(), Lines{});
+  add_row();
+  on.Tick("tool", false);
+  EXPECT_FALSE(on.pc.FileExists(live));
+  EXPECT_TRUE(on.pc.FileExists(store));
+  DeleteProgram(on.window, on.Row("tool"));
+  EXPECT_FALSE(on.pc.FileExists(store));
+  EXPECT_TRUE(on.front_end.messages().empty());
+}
+
+TEST(Startup, TheMenuWritesBackAndDeletesAfterAQuestion) {
+  StartupPc on;
+  on.pc.SetText(HKEY_CURRENT_USER, "-" + kRun, "app", "a.exe");
+  loadPrograms(on.window);
+  on.front_end.ChooseFromMenu(on.window.mnuAddNew);
+  on.window.lvPrograms.UserContextMenu(&on.Row("app"));
+  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, "app"), "a.exe");
+  EXPECT_EQ(on.window.lvPrograms.Count(), 2);
+  on.front_end.ChooseFromMenu(on.window.mnuDeleteProgram);
+  on.window.lvPrograms.UserContextMenu(on.window.lvPrograms.Item(1));
+  EXPECT_EQ(on.window.lvPrograms.Count(), 2) << "the question was not answered with yes";
+  on.front_end.AnswerYesNo(true);
+  on.front_end.ChooseFromMenu(on.window.mnuDeleteProgram);
+  on.window.lvPrograms.UserContextMenu(on.window.lvPrograms.Item(1));
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, "-" + kRun, "app"));
+}
+
+TEST(Startup, TheBackgroundFollowsTheNumberOfRows) {
+  StartupPc on;
+  for (const char* number : {"0", "12", "6Plus"}) {
+    on.pc.MakeFile(on.pc.program_folder() + "\\images\\chk_Problems" + number + ".jpg");
+  }
+  const auto shown = [&on] {
+    const std::string& file = on.window.lvPrograms.PictureFile();
+    return file.substr(file.rfind('\\') + 1) + " " +
+           std::to_string(on.window.lvPrograms.PictureAlignment());
+  };
+  loadPrograms(on.window);
+  EXPECT_EQ(shown(), "chk_Problems0.jpg 5");
+  for (int row = 1; row <= 12; ++row) {
+    on.pc.SetText(HKEY_CURRENT_USER, kRun, "p" + std::to_string(row), "x");
+  }
+  loadPrograms(on.window);
+  EXPECT_EQ(shown(), "chk_Problems12.jpg 0");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "p13", "x");
+  loadPrograms(on.window);
+  EXPECT_EQ(shown(), "chk_Problems6Plus.jpg 5");
+}
+
+}  // namespace
+}  // namespace tidemark
