@@ -6,6 +6,8 @@ target_compile_options(tidemark_options INTERFACE
 if(MINGW)
   # gcc 12 sees overlaps in std::string that are none (its bug 105651).
   target_compile_options(tidemark_options INTERFACE -Wno-restrict)
+  # So that ccache can tell what a precompiled header holds.
+  target_compile_options(tidemark_options INTERFACE -fpch-preprocess)
 endif()
 if(TIDEMARK_FUZZ)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

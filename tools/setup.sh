@@ -25,7 +25,8 @@ need() {
   ((${#missing[@]})) || return 0
   echo "Installing ${missing[*]} (apt-get)" >&2
   ((EUID == 0)) || sudo=(sudo)
-  logged apt-get "${sudo[@]}" apt-get update
+  # Lists that can not all be brought up to date may still do.
+  logged apt-get "${sudo[@]}" apt-get update || true
   logged apt-get "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y --no-install-recommends "${missing[@]}"
 }
