@@ -1,7 +1,6 @@
 #include "helpers/modShortcut.h"
 
 #include <limits>
-#include <optional>
 #include <string_view>
 
 #include "helpers/link_template.h"
@@ -24,22 +23,21 @@ void DeleteIfThere(const std::string& file) {
   if (IsExistingFile(file)) FileSystemObject().DeleteFile(file, false);
 }
 
-// No value when the hot key's text is no number that a hot key can be.
-std::optional<LinkFields> FieldsOf(const NewShortcut& shortcut) {
-  LinkFields fields;
+// False when the hot key's text is no number that a hot key can be.
+bool SetFields(const NewShortcut& shortcut, LinkFields& fields) {
   fields.target = shortcut.target;
   fields.arguments = shortcut.arguments;
   fields.description = shortcut.description;
   if (!shortcut.hot_key.empty()) {
     const std::int32_t number = RoundToLong(NumberOf(shortcut.hot_key).value_or(-1)).value_or(-1);
-    if (number < 0 || number > std::numeric_limits<std::uint16_t>::max()) return std::nullopt;
+    if (number < 0 || number > std::numeric_limits<std::uint16_t>::max()) return false;
     fields.hot_key = static_cast<std::uint16_t>(number);
   }
   fields.show_command = shortcut.show_command;
   fields.working_directory = shortcut.working_directory;
   fields.icon_file = shortcut.icon_file;
   fields.icon_index = shortcut.icon_index;
-  return fields;
+  return true;
 }
 
 }  // namespace
@@ -59,8 +57,12 @@ bool WriteShortcut(FrontEnd& front_end, std::string& link_file, AskBeforeReplaci
                    const NewShortcut& shortcut) {
   link_file = WithLinkExtension(std::move(link_file));
   if (!WriteLinkTemplate(front_end, link_file, ask)) return false;
-  const std::optional<LinkFields> fields = FieldsOf(shortcut);
-  const LinkStatus status = fields ? ChangeLinkFile(link_file, *fields) : LinkStatus::kFailed;
+  // Only a link that the shell finds can fail for its hot key.
+  LinkFields fields;
+  LinkStatus status = ReadLinkFile(link_file, fields);
+  if (status == LinkStatus::kDone) {
+    status = SetFields(shortcut, fields) ? ChangeLinkFile(link_file, fields) : LinkStatus::kFailed;
+  }
   if (status == LinkStatus::kFailed) DeleteIfThere(link_file);
   return status == LinkStatus::kDone;
 }

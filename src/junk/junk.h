@@ -48,7 +48,7 @@ void lvJunkFiles_DblClick(frmMain& window);
 // 0 tick all, 1 clear all, 2 invert, 3 remove the ticked rows, 4 remove all rows, 5 leave the page;
 // any other index does nothing.
 void cmdJunkFile_Click(frmMain& window, int index);
-// Sends the file to the recycle bin; what is not there is passed over.
+// Sends the file to the recycle bin; what is not there, or lies in a bin already, is passed over.
 void ProcedureDel(std::string& path);
 void recycledelete(const std::string& path);
 

@@ -40,13 +40,6 @@ void ShowRow(const Editor& editor, int number) {
   if (ListItem* row = editor.list.Item(number)) editor.list.EnsureVisible(row);
 }
 
-int NumberOfRow(const ListView& list, const ListItem* row) {
-  for (int number = 1; number <= list.Count(); ++number) {
-    if (list.Item(number) == row) return number;
-  }
-  return 0;
-}
-
 void AddRow(const Editor& editor, const Texts& answers) {
   const Texts texts = Trimmed(answers);
   if (texts.entry.empty() || texts.description.empty()) return;
@@ -70,7 +63,7 @@ void ChangeRow(const Editor& editor, const Texts& answers, const char* question,
   if (!editor.window.front_end.AskYesNo(question, title)) return;
   row = editor.list.SelectedItem();
   if (row == nullptr) return;
-  const int number = NumberOfRow(editor.list, row);
+  const int number = editor.list.IndexOf(row);
   row->SetCaption(texts.entry);
   row->SetSubItem(1, texts.description);
   Store(editor);
@@ -80,7 +73,7 @@ void ChangeRow(const Editor& editor, const Texts& answers, const char* question,
 void RemoveRow(const Editor& editor, const char* question, const char* title) {
   if (editor.list.SelectedItem() == nullptr) return;
   if (!editor.window.front_end.AskYesNo(question, title)) return;
-  editor.list.Remove(NumberOfRow(editor.list, editor.list.SelectedItem()));
+  editor.list.Remove(editor.list.IndexOf(editor.list.SelectedItem()));
   Store(editor);
 }
 

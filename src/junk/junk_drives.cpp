@@ -1,5 +1,4 @@
 // The drives that a junk scan may walk: the tree and its stored ticks.
-#include <array>
 #include <string>
 
 #include "helpers/settings_key.h"

@@ -7,6 +7,7 @@
 
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
+#include "platform/letter_case.h"
 
 namespace tidemark {
 namespace {
@@ -34,14 +35,16 @@ void Remove(frmMain& window, bool ticked_only) {
   const unsigned filling = list.TimesCleared();
   while (position <= list.Count() && list.TimesCleared() == filling) {
     bar.SetValue(position);
-    const ListItem& row = *list.Item(position);
-    if (ticked_only && !row.Checked()) {
+    const ListItem* row = list.Item(position);
+    if (ticked_only && !row->Checked()) {
       ++position;
       continue;
     }
-    std::string path = row.Caption().String();
+    std::string path = row->Caption().String();
     ProcedureDel(path);
-    list.Remove(position);
+    // The platform may give way while it works: the row can stand elsewhere by now, or be gone.
+    if (list.TimesCleared() != filling) break;
+    list.Remove(list.Item(position) == row ? position : list.IndexOf(row));
     window.front_end.DoEvents();
   }
   bar.SetVisible(false);
@@ -61,6 +64,12 @@ void Leave(frmMain& window) {
 // The option "ChkRecyclebin" has no control, so that it can't be asked. No answer means the recycle
 // bin, never a deletion for good.
 std::optional<int> RecycleOption() { return std::nullopt; }
+
+// Whether the path lies in a drive's recycle bin. What is sent to the bin from there is deleted for
+// good; the shipped folders that are left alone name the bin of older systems only.
+bool LiesInRecycleBin(const std::string& path) {
+  return UpperCase(path).find(":\\$RECYCLE.BIN\\") == 1;
+}
 
 }  // namespace
 
@@ -87,7 +96,7 @@ void ProcedureDel(std::string& path) {
   FileSystemObject::File file;
   const bool found = FileSystemObject().GetFile(path, file) == FileSystemObject::kNone;
   if (RecycleOption().value_or(1) == 1) {
-    if (found) recycledelete(file.Path());
+    if (found && !LiesInRecycleBin(file.Path())) recycledelete(file.Path());
   } else if (found) {
     file.Delete(/*force=*/true);
   }

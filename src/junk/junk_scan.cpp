@@ -80,14 +80,14 @@ void ScanEntry(frmMain& window, const std::string& folder, const WIN32_FIND_DATA
   if (!HasProtectedExtension(name)) IdentifyFiles1(window, AddBackslash(folder) + name);
 }
 
-// Hands over what the search finds; it has found the first one. Ends early when the scan is to
-// stop.
-void ScanFound(frmMain& window, const std::string& folder, const UniqueSearch& search,
+// Hands over what the search finds; it has found the first one. False when the scan is to stop.
+bool ScanFound(frmMain& window, const std::string& folder, const UniqueSearch& search,
                WIN32_FIND_DATAA& found, const std::string& pattern) {
   while (true) {
     ScanEntry(window, folder, found, pattern);
     window.front_end.DoEvents();
-    if (window.StopRequested || FindNextFileA(search.Get(), &found) == FALSE) return;
+    if (window.StopRequested) return false;
+    if (FindNextFileA(search.Get(), &found) == FALSE) return true;
     window.front_end.DoEvents();
   }
 }
@@ -154,7 +154,7 @@ void FilesScan(frmMain& window, const std::string& folder, const std::string& pa
     WIN32_FIND_DATAA found{};
     UniqueSearch search(FindFirstFileA((AddBackslash(folder) + pattern).c_str(), &found));
     if (!search) continue;
-    ScanFound(window, folder, search, found, pattern);
+    if (!ScanFound(window, folder, search, found, pattern)) return;
     search.Reset();
     window.front_end.DoEvents();
     if (window.StopRequested) return;

@@ -145,7 +145,7 @@ TEST(Shortcut, NoHalfMadeLinkStaysBehind) {
 TEST(Shortcut, WhereTheShellFindsNoItemTheTemplateStays) {
   LinkPc pc;
   std::string file = "relative";
-  EXPECT_FALSE(WriteShortcut(pc.front_end, file, kNo, {.target = "C:\\"}));
+  EXPECT_FALSE(WriteShortcut(pc.front_end, file, kNo, {.target = "C:\\", .hot_key = "none"}));
   EXPECT_EQ(pc.ReadFile("relative.lnk"), Template());
   Shortcut read{.target = "as it was"};
   for (const std::string& link : {std::string("relative"), pc.Path("missing"), std::string()}) {

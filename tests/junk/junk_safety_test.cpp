@@ -175,5 +175,16 @@ TEST(JunkSafety, AScanDuringARemovalIsNotRemoved) {
   EXPECT_EQ(on.AllFiles().size(), 3U);
 }
 
+TEST(JunkSafety, WhatLiesInTheRecycleBinStaysThere) {
+  if (!TestPc::CanFault()) GTEST_SKIP() << "the drive has a bin of its own";
+  JunkyPc on;
+  const std::string file = "C:\\$Recycle.Bin\\S-1-5\\$R0.tmp";
+  on.pc.MakeFile(file);
+  on.window.lvJunkFiles.Add({}, file);
+  cmdJunkFile_Click(on.window, 4);
+  EXPECT_EQ(on.window.lvJunkFiles.Count(), 0);
+  EXPECT_TRUE(on.pc.FileExists(file));
+}
+
 }  // namespace
 }  // namespace tidemark

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "desktop/win32/com.h"
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/com.h"
+#include "platform/windows/wide_text.h"
 // After the platform's own header.
 #include <oleacc.h>
 

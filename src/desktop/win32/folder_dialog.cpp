@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "desktop/win32/com.h"
+#include "platform/windows/com.h"
 
 namespace tidemark {
 namespace {

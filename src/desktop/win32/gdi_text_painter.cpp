@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/wide_text.h"
 
 namespace tidemark {
 namespace {

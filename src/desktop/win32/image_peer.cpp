@@ -3,7 +3,7 @@
 #include "desktop/win32/buffered_paint.h"
 #include "desktop/win32/colors.h"
 #include "desktop/win32/gdi_objects.h"
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/wide_text.h"
 // It wants the platform's headers before it.
 #include <oleacc.h>
 

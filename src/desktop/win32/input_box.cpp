@@ -5,7 +5,7 @@
 
 #include "desktop/win32/gdi_objects.h"
 #include "desktop/win32/late_call.h"
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/wide_text.h"
 
 namespace tidemark {
 namespace {

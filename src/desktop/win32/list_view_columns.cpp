@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "desktop/win32/wide_text.h"
 #include "platform/winapi.h"
+#include "platform/windows/wide_text.h"
 // It wants the platform's headers before it.
 #include <commctrl.h>
 
@@ -71,6 +71,7 @@ bool ListViewColumns::Show() {
     Change(static_cast<int>(place), shown_[place], wanted[place]);
   }
   shown_ = std::move(wanted);
+  shown_at_ = resources_.DotsPerInch();
   return anew;
 }
 

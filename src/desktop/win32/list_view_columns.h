@@ -22,8 +22,10 @@ class ListViewColumns {
   // Brings the headings in line with the control: texts, widths, the arrow of the order. A width
   // that a person has dragged stays. True when there are other columns than before.
   bool Show();
-  // The widths are made anew, for other dots per inch.
-  void Forget() { shown_.clear(); }
+  // For other dots per inch the widths are made anew; else a dragged one stays here too.
+  void Forget() {
+    if (shown_at_ != resources_.DotsPerInch()) shown_.clear();
+  }
   // The control's column, from 0, that the window shows at this place; -1 for none.
   int ColumnAt(int place) const;
   int Count() const { return static_cast<int>(shown_.size()); }
@@ -47,6 +49,7 @@ class ListViewColumns {
   HWND window_ = nullptr;
   HWND header_ = nullptr;  // until it is destroyed
   std::vector<Shown> shown_;
+  int shown_at_ = 0;  // dots per inch
 };
 
 }  // namespace tidemark

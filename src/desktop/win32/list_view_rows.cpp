@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "desktop/win32/list_view_peer.h"
-#include "desktop/win32/wide_text.h"
 #include "platform/letter_case.h"
+#include "platform/windows/wide_text.h"
 
 namespace tidemark {
 namespace {

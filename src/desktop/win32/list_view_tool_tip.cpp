@@ -2,8 +2,8 @@
 
 #include <windowsx.h>
 
-#include "desktop/win32/wide_text.h"
 #include "platform/winapi.h"
+#include "platform/windows/wide_text.h"
 // It wants the platform's headers before it.
 #include <commctrl.h>
 

@@ -1,6 +1,6 @@
 #include "desktop/win32/picture_file.h"
 
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/wide_text.h"
 // It wants the platform's headers before it.
 #include <gdiplus.h>
 

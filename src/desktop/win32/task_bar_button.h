@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "desktop/win32/com.h"
 #include "platform/winapi.h"
+#include "platform/windows/com.h"
 
 struct ITaskbarList3;
 

@@ -3,7 +3,7 @@
 #include <uxtheme.h>
 #include <windowsx.h>
 
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/wide_text.h"
 
 namespace tidemark {
 namespace {

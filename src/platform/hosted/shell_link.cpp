@@ -4,7 +4,7 @@
 #include "platform/file_system_object.h"
 #include "platform/hosted/link_file.h"
 #include "platform/hosted/pc_path.h"
-#include "platform/letter_case.h"
+#include "platform/link_names.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
@@ -13,19 +13,11 @@ namespace {
 constexpr std::int32_t kMaximized = 3;
 constexpr std::int32_t kMinimized = 7;
 
-// The shell knows full paths alone.
 bool IsThere(const std::string& file) {
-  const bool is_full = file.find(":\\") == 1 || file.starts_with("\\\\");
-  return is_full && FileSystemObject().FileExists(file);
+  return IsFullPath(file) && FileSystemObject().FileExists(file);
 }
 
 std::string FolderOf(const std::string& file) { return file.substr(0, file.find_last_of("\\/")); }
-
-std::string NameOf(const std::string& file) {
-  std::string name = file.substr(file.find_last_of("\\/") + 1);
-  if (UpperCase(name).ends_with(".LNK")) name.resize(name.size() - 4);
-  return name;
-}
 
 std::string Expanded(const std::string& text) {
   if (text.empty()) return {};
@@ -37,8 +29,12 @@ std::string Expanded(const std::string& text) {
 
 // A relative path starts where the link stands.
 std::string FullPath(const std::string& relative_path, const std::string& file) {
+  hosted::PcPath folder;
   hosted::PcPath path;
-  if (hosted::NormalisePath(relative_path, FolderOf(file), path) != ERROR_SUCCESS) return {};
+  if (hosted::NormalisePath(FolderOf(file) + '\\', file, folder) != ERROR_SUCCESS ||
+      hosted::NormalisePath(relative_path, folder.text, path) != ERROR_SUCCESS) {
+    return {};
+  }
   return path.text;
 }
 
@@ -66,7 +62,7 @@ LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
   if (!link) return LinkStatus::kFailed;
   fields.target = TargetOf(*link, file);
   fields.arguments = link->arguments;
-  fields.name = NameOf(file);
+  fields.name = LinkNameOf(file);
   fields.description = link->description;
   fields.hot_key = link->hot_key;
   fields.show_command = ShownAs(link->show_command);

@@ -2,52 +2,33 @@
 // has.
 #include "platform/shell_link.h"
 
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
 
 #include "platform/file_system_object.h"
-#include "platform/letter_case.h"
+#include "platform/link_names.h"
 #include "platform/link_soundness.h"
 #include "platform/winapi.h"
+#include "platform/windows/com.h"
+#include "platform/windows/wide_text.h"
 
 namespace tidemark {
 namespace {
-
-struct Release {
-  void operator()(IUnknown* object) const { object->Release(); }
-};
-template <class Interface>
-using ComPtr = std::unique_ptr<Interface, Release>;
-
-// COM for as long as the object lives; a thread that has it already keeps it.
-class ComScope {
- public:
-  ComScope() : result_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
-  ~ComScope() {
-    if (SUCCEEDED(result_)) CoUninitialize();
-  }
-  ComScope(const ComScope&) = delete;
-  ComScope& operator=(const ComScope&) = delete;
-
- private:
-  HRESULT result_;
-};
 
 // Makes links. Looking the class up in the registry costs more than reading a link, so it is done
 // once, and COM stays: one thread asks for links, to the program's end.
 class LinkMaker {
  public:
   // Null when the shell has no such class.
-  static ComPtr<IShellLinkW> Make() {
+  static ComPointer<IShellLinkW> Make() {
     static const LinkMaker maker;
     void* link = nullptr;
     if (!maker.factory_ ||
         FAILED(maker.factory_->CreateInstance(nullptr, IID_IShellLinkW, &link))) {
       return {};
     }
-    return ComPtr<IShellLinkW>(static_cast<IShellLinkW*>(link));
+    return ComPointer<IShellLinkW>(static_cast<IShellLinkW*>(link));
   }
 
  private:
@@ -59,44 +40,27 @@ class LinkMaker {
     }
   }
 
-  ComScope com_;
-  ComPtr<IClassFactory> factory_;
+  ComApartment com_;
+  ComPointer<IClassFactory> factory_;
 };
 
 // Null when the object lacks the interface.
 template <class Interface>
-ComPtr<Interface> As(IShellLinkW& link, REFIID interface_id) {
+ComPointer<Interface> As(IShellLinkW& link, REFIID interface_id) {
   void* found = nullptr;
   if (FAILED(link.QueryInterface(interface_id, &found))) return {};
-  return ComPtr<Interface>(static_cast<Interface*>(found));
+  return ComPointer<Interface>(static_cast<Interface*>(found));
 }
 
 constexpr int kLongestText = 32768;
 
-std::wstring Wide(std::string_view text) {
-  const int size = static_cast<int>(text.size());
-  std::wstring wide(text.size(), L'\0');
-  wide.resize(static_cast<std::size_t>(
-      MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), size)));
-  return wide;
-}
-
-std::string Narrow(const std::wstring& text) {
-  const int size = static_cast<int>(text.size());
-  std::string narrow(text.size() * 3, '\0');
-  narrow.resize(static_cast<std::size_t>(
-      WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(),
-                          static_cast<int>(narrow.size()), nullptr, nullptr)));
-  return narrow;
-}
-
 // The link of these bytes, which are read at once: the shell reads a file in small pieces. Null
 // when they are none.
-ComPtr<IShellLinkW> Load(std::string_view bytes) {
-  ComPtr<IShellLinkW> link = LinkMaker::Make();
+ComPointer<IShellLinkW> Load(std::string_view bytes) {
+  ComPointer<IShellLinkW> link = LinkMaker::Make();
   if (!link) return {};
-  const ComPtr<IStream> stream(SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
-                                                 static_cast<UINT>(bytes.size())));
+  const ComPointer<IStream> stream(SHCreateMemStream(reinterpret_cast<const BYTE*>(bytes.data()),
+                                                     static_cast<UINT>(bytes.size())));
   const auto persist = As<IPersistStream>(*link, IID_IPersistStream);
   if (!stream || !persist || FAILED(persist->Load(stream.get()))) return {};
   return link;
@@ -113,17 +77,6 @@ std::wstring TextOf(Getter&& getter) {
 
 std::wstring IconOf(IShellLinkW& link, int& index) {
   return TextOf([&](wchar_t* text, int size) { return link.GetIconLocation(text, size, &index); });
-}
-
-// The shell knows no others.
-bool IsFullPath(const std::string& file) {
-  return file.find(":\\") == 1 || file.starts_with("\\\\");
-}
-
-std::string NameOf(const std::string& file) {
-  std::string name = file.substr(file.find_last_of("\\/") + 1);
-  if (UpperCase(name).ends_with(".LNK")) name.resize(name.size() - 4);
-  return name;
 }
 
 DWORD FlagsOf(IShellLinkW& link) {
@@ -144,21 +97,21 @@ std::string TargetOf(IShellLinkW& link, const std::string& file) {
   std::string target = PathOf(link);
   if (!target.empty() || (flags & SLDF_HAS_RELPATH) == 0) return target;
   // A relative path starts where the link stands, so the shell has to know the file.
-  const ComPtr<IShellLinkW> placed = LinkMaker::Make();
+  const ComPointer<IShellLinkW> placed = LinkMaker::Make();
   const auto persist = placed ? As<IPersistFile>(*placed, IID_IPersistFile) : nullptr;
   if (!persist || FAILED(persist->Load(Wide(file).c_str(), STGM_READ))) return {};
   return PathOf(*placed);
 }
 
 // Reads a link that there is; null, and the status, for any other file.
-ComPtr<IShellLinkW> Open(const std::string& file, LinkStatus& status) {
+ComPointer<IShellLinkW> Open(const std::string& file, LinkStatus& status) {
   const auto bytes = IsFullPath(file) ? FileSystemObject().ReadAll(file) : std::nullopt;
   if (!bytes) {
     const bool is_there = IsFullPath(file) && FileSystemObject().FileExists(file);
     status = is_there ? LinkStatus::kFailed : LinkStatus::kNoItem;
     return {};
   }
-  ComPtr<IShellLinkW> link = IsSoundLinkFile(*bytes) ? Load(*bytes) : nullptr;
+  ComPointer<IShellLinkW> link = IsSoundLinkFile(*bytes) ? Load(*bytes) : nullptr;
   status = link ? LinkStatus::kDone : LinkStatus::kFailed;
   return link;
 }
@@ -167,11 +120,11 @@ ComPtr<IShellLinkW> Open(const std::string& file, LinkStatus& status) {
 
 LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
   LinkStatus status;
-  const ComPtr<IShellLinkW> opened = Open(file, status);
+  const ComPointer<IShellLinkW> opened = Open(file, status);
   if (!opened) return status;
   IShellLinkW& link = *opened;
   LinkFields read;
-  read.name = NameOf(file);
+  read.name = LinkNameOf(file);
   read.target = TargetOf(link, file);
   read.arguments =
       Narrow(TextOf([&](wchar_t* text, int size) { return link.GetArguments(text, size); }));
@@ -190,11 +143,11 @@ LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
 
 LinkStatus ChangeLinkFile(const std::string& file, const LinkFields& fields) {
   LinkStatus status;
-  const ComPtr<IShellLinkW> old = Open(file, status);
+  const ComPointer<IShellLinkW> old = Open(file, status);
   if (!old) return status;
   // All fields are set, so a new link takes the old one's place: of a loaded one Wine writes the
   // relative path without a word in the header, and all texts behind it are then read wrong.
-  const ComPtr<IShellLinkW> changed = LinkMaker::Make();
+  const ComPointer<IShellLinkW> changed = LinkMaker::Make();
   const auto persist = changed ? As<IPersistFile>(*changed, IID_IPersistFile) : nullptr;
   if (!persist) return LinkStatus::kFailed;
   IShellLinkW& link = *changed;

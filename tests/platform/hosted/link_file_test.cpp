@@ -91,6 +91,10 @@ TEST(LinkFile, TheTargetIsFoundWhereverTheLinkHoldsIt) {
     ASSERT_EQ(ReadLinkFile("C:" + kLink, fields), LinkStatus::kDone) << test.what;
     EXPECT_EQ(fields.target, test.target) << test.what;
   }
+  LinkFields fields;
+  pc.MakeFile("C:\\x.lnk", Header(kHasRelativePath) + String8("..\\r.exe"));
+  ASSERT_EQ(ReadLinkFile("C:\\x.lnk", fields), LinkStatus::kDone);
+  EXPECT_EQ(fields.target, "C:\\r.exe") << "there is nothing above a root";
 }
 
 TEST(LinkFile, TextsAreReadInBothWidths) {

@@ -1,4 +1,4 @@
-#include "desktop/win32/wide_text.h"
+#include "platform/windows/wide_text.h"
 
 #include "platform/winapi.h"
 

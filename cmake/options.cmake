@@ -1,4 +1,4 @@
-# The project's compile options, for its own targets alone.
+# The project's compile and link options, for its own targets alone.
 add_library(tidemark_options INTERFACE)
 target_compile_features(tidemark_options INTERFACE cxx_std_20)
 target_compile_options(tidemark_options INTERFACE
@@ -6,16 +6,16 @@ target_compile_options(tidemark_options INTERFACE
 if(MINGW)
   # gcc 12 sees overlaps in std::string that are none (its bug 105651).
   target_compile_options(tidemark_options INTERFACE -Wno-restrict)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # So that ccache can tell what a precompiled header holds.
   target_compile_options(tidemark_options INTERFACE -fpch-preprocess)
 endif()
-if(TIDEMARK_FUZZ)
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_compile_options(tidemark_options INTERFACE ${sanitizers} -fsanitize=fuzzer-no-link)
-  target_link_options(tidemark_options INTERFACE ${sanitizers})
-endif()
-if(TIDEMARK_SANITIZE)
+if(TIDEMARK_SANITIZE OR TIDEMARK_FUZZ)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(tidemark_options INTERFACE ${sanitizers})
   target_link_options(tidemark_options INTERFACE ${sanitizers})
+endif()
+if(TIDEMARK_FUZZ)
+  target_compile_options(tidemark_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
