@@ -8,7 +8,7 @@ windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 fonts
 installer_packages=(nsis)
 display_packages=(xvfb imagemagick)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev googletest xz-utils)
-fuzz_packages=(clang libclang-rt-14-dev)
+clang_packages=(clang libclang-rt-14-dev)
 format_packages=(clang-format)
 tidy_packages=(clang-format clang-tidy)
 

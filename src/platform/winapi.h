@@ -123,13 +123,14 @@ inline HKEY KeyHandle(std::uintptr_t value) {
   return reinterpret_cast<HKEY>(value);  // NOLINT(performance-no-int-to-ptr)
 }
 }  // namespace winapi_detail
-inline const HKEY HKEY_CLASSES_ROOT = winapi_detail::KeyHandle(0x80000000U);
-inline const HKEY HKEY_CURRENT_USER = winapi_detail::KeyHandle(0x80000001U);
-inline const HKEY HKEY_LOCAL_MACHINE = winapi_detail::KeyHandle(0x80000002U);
-inline const HKEY HKEY_USERS = winapi_detail::KeyHandle(0x80000003U);
-inline const HKEY HKEY_PERFORMANCE_DATA = winapi_detail::KeyHandle(0x80000004U);
-inline const HKEY HKEY_CURRENT_CONFIG = winapi_detail::KeyHandle(0x80000005U);
-inline const HKEY HKEY_DYN_DATA = winapi_detail::KeyHandle(0x80000006U);
+// Expressions, as on the platform: what is made of them before main needs no other variable first.
+#define HKEY_CLASSES_ROOT (::winapi_detail::KeyHandle(0x80000000U))
+#define HKEY_CURRENT_USER (::winapi_detail::KeyHandle(0x80000001U))
+#define HKEY_LOCAL_MACHINE (::winapi_detail::KeyHandle(0x80000002U))
+#define HKEY_USERS (::winapi_detail::KeyHandle(0x80000003U))
+#define HKEY_PERFORMANCE_DATA (::winapi_detail::KeyHandle(0x80000004U))
+#define HKEY_CURRENT_CONFIG (::winapi_detail::KeyHandle(0x80000005U))
+#define HKEY_DYN_DATA (::winapi_detail::KeyHandle(0x80000006U))
 
 constexpr DWORD REG_NONE = 0;
 constexpr DWORD REG_SZ = 1;

@@ -58,7 +58,7 @@ TEST(ProfileFiles, ValuesAreReadAsThePlatformReadsThem) {
   EXPECT_EQ(Read(file, "a]b", nullptr), "k|");
   EXPECT_EQ(Read(file, nullptr, nullptr, 6), "Firs");
   EXPECT_EQ(Read(file, nullptr, nullptr, 8), "First|");
-  for (const DWORD size : {0, 1, 2}) EXPECT_EQ(Read(file, nullptr, nullptr, size), "") << size;
+  for (const DWORD size : {0U, 1U, 2U}) EXPECT_EQ(Read(file, nullptr, nullptr, size), "") << size;
   EXPECT_EQ(Read(file, "First", "z", 0), "");
   EXPECT_EQ(Read(file, "First", "z", 1), "");
   EXPECT_EQ(Read(file, "First", "z", 5), "a;b ");
