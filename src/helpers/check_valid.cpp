@@ -9,6 +9,7 @@
 #include "helpers/system_helpers.h"
 #include "helpers/text_helpers.h"
 #include "platform/file_system_object.h"
+#include "platform/unicode.h"
 
 namespace tidemark {
 namespace {
@@ -99,7 +100,7 @@ std::optional<std::string> CleanedPath(const std::string& text) {
 
 bool DrivePathExists(Judgement& judgement, std::string_view path, std::size_t colon) {
   std::size_t drive = colon - 1;
-  while (drive > 0 && (static_cast<unsigned char>(path[drive]) & 0xC0U) == 0x80U) --drive;
+  while (drive > 0 && ContinuesCharacter(path[drive])) --drive;
   const std::string_view head = TrimBlanks(path.substr(0, drive));
   const std::string_view tail = TrimBlanks(path.substr(drive));
   bool found = head.empty() || judgement.Probe(head) || head.find('.') == std::string_view::npos ||

@@ -85,18 +85,6 @@ bool StartsWithLetterOf(std::string_view text, std::string_view capital_letters)
   return capital_letters.find(capital) != std::string_view::npos;
 }
 
-std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-  const auto continues = [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-  };
-  std::size_t end = 0;
-  for (; count > 0 && end < text.size(); --count) {
-    ++end;
-    while (end < text.size() && continues(text[end])) ++end;
-  }
-  return text.substr(0, end);
-}
-
 double LeadingNumber(std::string_view text) {
   std::size_t length = 0;
   const std::size_t first = text.find_first_not_of(" \t\r\n");

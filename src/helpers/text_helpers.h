@@ -25,9 +25,6 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
 // text is held by every set.
 bool StartsWithLetterOf(std::string_view text, std::string_view capital_letters);
 
-// The first `count` characters, and what stands behind them; characters, not bytes.
-std::string_view FirstCharacters(std::string_view text, std::size_t count);
-
 // The number with which the text starts, blanks passed over; 0 when it starts with none.
 double LeadingNumber(std::string_view text);
 

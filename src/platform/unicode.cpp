@@ -24,9 +24,9 @@ char32_t NextCharacter(std::string_view text, std::size_t& position) {
   if (text.size() - position < more) return kNoCharacter;
   char32_t character = first & (0x3FU >> more);
   for (std::size_t i = 0; i < more; ++i) {
-    const auto next = static_cast<unsigned char>(text[position + i]);
-    if ((next & 0xC0U) != 0x80) return kNoCharacter;
-    character = character << 6 | (next & 0x3FU);
+    const char next = text[position + i];
+    if (!ContinuesCharacter(next)) return kNoCharacter;
+    character = character << 6 | (static_cast<unsigned char>(next) & 0x3FU);
   }
   constexpr char32_t kSmallest[] = {0, 0x80, 0x800, 0x10000};
   if (character < kSmallest[more] || character > 0x10FFFF || IsSurrogate(character)) {
@@ -36,11 +36,10 @@ char32_t NextCharacter(std::string_view text, std::size_t& position) {
   return character;
 }
 
-std::string_view Abbreviation(std::string_view name) {
-  constexpr int kLetters = 3;
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
   std::size_t end = 0;
-  for (int letter = 0; letter < kLetters && end < name.size(); ++letter) NextCharacter(name, end);
-  return name.substr(0, end);
+  for (; count > 0 && end < text.size(); --count) NextCharacter(text, end);
+  return text.substr(0, end);
 }
 
 void AppendUtf8(std::string& text, char32_t character) {

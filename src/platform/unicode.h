@@ -1,4 +1,4 @@
-// UTF-8 one character at a time, for the files of this folder.
+// UTF-8 one character at a time.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +14,13 @@ constexpr char32_t kNoCharacter = 0xFFFFFFFF;
 // well-formed character stands it moves by one byte and gives kNoCharacter.
 char32_t NextCharacter(std::string_view text, std::size_t& position);
 
-// The short form of a day's or a month's name: its first three characters.
-std::string_view Abbreviation(std::string_view name);
+// The first `count` characters; characters, not bytes.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
+
+// Whether the byte continues a character that another byte starts.
+constexpr bool ContinuesCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 // A surrogate and a number beyond U+10FFFF become U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);

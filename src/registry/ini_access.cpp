@@ -4,22 +4,12 @@
 #include "platform/winapi.h"
 
 namespace tidemark {
-namespace {
-
-// The bytes of the first characters of a text.
-std::size_t BytesOf(std::string_view text, std::size_t characters) {
-  std::size_t end = 0;
-  for (; characters > 0 && end < text.size(); --characters) NextCharacter(text, end);
-  return end;
-}
-
-}  // namespace
 
 std::string ReadIniValue(const std::string& section, const std::string& key,
                          const std::string& file) {
   constexpr std::size_t kLongest = 126;
   const std::string text = ReadProfileText(section, key, file, kLongest);
-  return text.size() > BytesOf(text, 1) ? text : std::string();
+  return text.size() > FirstCharacters(text, 1).size() ? text : std::string();
 }
 
 bool WriteIniValue(const std::string& section, const std::string& key, const std::string& value,
@@ -34,7 +24,7 @@ std::string ReadProfileText(const std::string& section, const std::string& key,
   std::string text((characters + 1) * 3, '\0');
   text.resize(GetPrivateProfileStringA(section.c_str(), key.c_str(), "", text.data(),
                                        static_cast<DWORD>(text.size()), file.c_str()));
-  text.resize(BytesOf(text, characters));
+  text.resize(FirstCharacters(text, characters).size());
   return text;
 }
 

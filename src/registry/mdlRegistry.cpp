@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "platform/unicode.h"
 #include "platform/unique_handle.h"
 
 namespace tidemark {
@@ -95,9 +96,8 @@ RegData QueryData(HKEY key, const char* name, ValueShape shape, BinaryBytes bina
 }
 
 std::size_t CountCharacters(std::string_view utf8) {
-  return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-  }));
+  return static_cast<std::size_t>(
+      std::count_if(utf8.begin(), utf8.end(), [](char byte) { return !ContinuesCharacter(byte); }));
 }
 
 // A blank-filled name buffer after a call wrote a name and its NUL into it: trimmed of blanks,

@@ -29,7 +29,7 @@ unsigned NameIndex(std::span<const std::string> names, std::string_view word) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     const std::string_view name = names[i];
     if (CompareIgnoringCase(name, word) == 0 ||
-        CompareIgnoringCase(Abbreviation(name), word) == 0) {
+        CompareIgnoringCase(FirstCharacters(name, 3), word) == 0) {
       return static_cast<unsigned>(i) + 1;
     }
   }

@@ -23,6 +23,8 @@ std::string Number(unsigned number, std::size_t digits) {
   return text;
 }
 
+std::string Abbreviation(std::string_view name) { return std::string(FirstCharacters(name, 3)); }
+
 // One run of the same letter of a picture; the number of letters chooses the form.
 std::string Field(char letter, std::size_t count, const SYSTEMTIME& time,
                   const PcSettings& settings) {
@@ -30,11 +32,11 @@ std::string Field(char letter, std::size_t count, const SYSTEMTIME& time,
   switch (letter) {
     case 'd':
       if (count <= 2) return Number(time.wDay, digits);
-      return count == 3 ? std::string(Abbreviation(settings.day_names[time.wDayOfWeek % 7]))
+      return count == 3 ? Abbreviation(settings.day_names[time.wDayOfWeek % 7])
                         : settings.day_names[time.wDayOfWeek % 7];
     case 'M':
       if (count <= 2) return Number(time.wMonth, digits);
-      return count == 3 ? std::string(Abbreviation(settings.month_names[(time.wMonth + 11U) % 12]))
+      return count == 3 ? Abbreviation(settings.month_names[(time.wMonth + 11U) % 12])
                         : settings.month_names[(time.wMonth + 11U) % 12];
     case 'y':
       return count <= 2 ? Number(time.wYear % 100U, digits) : Number(time.wYear, 4);

@@ -15,6 +15,7 @@
 #include "platform/hosted/profile_text.h"
 #include "platform/hosted/registry_editor.h"
 #include "platform/hosted/registry_names.h"
+#include "platform/unicode.h"
 #include "platform/winapi.h"
 
 namespace {
@@ -84,7 +85,7 @@ std::string_view WithoutQuotes(std::string_view value) {
 // As much of the text as fits into `size` bytes with whole characters.
 std::string_view Fitting(std::string_view text, std::size_t size) {
   if (text.size() <= size) return text;
-  while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80) --size;
+  while (size > 0 && tidemark::ContinuesCharacter(text[size])) --size;
   return text.substr(0, size);
 }
 
