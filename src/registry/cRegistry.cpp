@@ -4,6 +4,7 @@
 #include <bit>
 #include <optional>
 
+#include "helpers/system_helpers.h"
 #include "platform/unique_handle.h"
 
 namespace tidemark {
@@ -50,15 +51,6 @@ std::optional<Stored> Read(HKEY key, const std::string& name) {
   return stored;
 }
 
-std::string Expanded(const std::string& text) {
-  const DWORD size = ExpandEnvironmentStringsA(text.c_str(), nullptr, 0);
-  // Counted by some platforms in 16-bit units.
-  std::string expanded(std::size_t{size} * kBytesPerUnit + 1, '\0');
-  ExpandEnvironmentStringsA(text.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
-  expanded.resize(expanded.find('\0'));
-  return expanded;
-}
-
 std::uint32_t Number(const std::vector<std::uint8_t>& bytes, bool big_endian) {
   std::uint32_t number = 0;
   for (std::size_t index = 0; index < sizeof number && index < bytes.size(); ++index) {
@@ -76,7 +68,7 @@ std::optional<RegistryData> Decoded(Stored stored) {
     case REG_MULTI_SZ: {
       if (stored.bytes.empty()) return std::nullopt;
       const std::string text(stored.bytes.begin(), stored.bytes.end() - 1);
-      return stored.type == REG_EXPAND_SZ ? Expanded(text) : text;
+      return stored.type == REG_EXPAND_SZ ? ExpandEnvString(text) : text;
     }
     case REG_DWORD:
     case REG_DWORD_BIG_ENDIAN:

@@ -1,14 +1,9 @@
 // The file associations of cRegistry.
+#include "helpers/text_helpers.h"
 #include "registry/cRegistry.h"
 
 namespace tidemark {
 namespace {
-
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
-}
 
 std::string Quoted(std::string path) {
   if (!path.starts_with('"')) path.insert(0, 1, '"');
@@ -42,7 +37,7 @@ void cRegistry::SetVerb(const std::string& class_name, const std::string& verb,
 }
 
 void cRegistry::CreateEXEAssociation(const Association& association) {
-  const std::string path = Quoted(Trimmed(association.program_path));
+  const std::string path = Quoted(std::string(TrimBlanks(association.program_path)));
   const std::string& name = association.class_name;
   SetClassValue("." + association.extension, name);
   SetClassValue(name, association.class_description);

@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "helpers/text_helpers.h"
 #include "platform/unicode.h"
 #include "platform/unique_handle.h"
 
@@ -45,8 +46,10 @@ std::optional<std::string> QueryBytes(HKEY key, const char* name, DWORD size_byt
   return bytes;
 }
 
-std::string UpToNull(std::string bytes) {
-  bytes.resize(bytes.find('\0') == std::string::npos ? bytes.size() : bytes.find('\0'));
+// As QueryBytes, but only what stands in front of the first NUL.
+std::optional<std::string> QueryText(HKEY key, const char* name, DWORD size_bytes) {
+  auto bytes = QueryBytes(key, name, size_bytes);
+  if (bytes) StripNull(*bytes);
   return bytes;
 }
 
@@ -71,9 +74,9 @@ RegData QueryData(HKEY key, const char* name, ValueShape shape, BinaryBytes bina
     case REG_SZ:
     case REG_EXPAND_SZ:
     case REG_MULTI_SZ: {
-      auto bytes = QueryBytes(key, name, shape.size_bytes);
-      if (!bytes) return {};
-      return UpToNull(*std::move(bytes));
+      auto text = QueryText(key, name, shape.size_bytes);
+      if (!text) return {};
+      return *std::move(text);
     }
     case REG_DWORD: {
       std::int32_t number = 0;
@@ -149,8 +152,7 @@ std::string GetRegString(HKEY root, const std::string& sub_key, const std::strin
   const UniqueKey key(OpenKeyPlainly(root, sub_key));
   const auto shape = QueryShape(key.Get(), name.c_str());
   if (!shape || shape->type != REG_SZ) return default_text;
-  auto bytes = QueryBytes(key.Get(), name.c_str(), shape->size_bytes);
-  return bytes ? UpToNull(*std::move(bytes)) : default_text;
+  return QueryText(key.Get(), name.c_str(), shape->size_bytes).value_or(default_text);
 }
 
 void SaveRegString(HKEY root, const std::string& sub_key, const std::string& name,
@@ -215,7 +217,7 @@ LSTATUS SetRegValue(HKEY root, const std::string& sub_key, const std::string& na
 std::string GetOpenKeyString(HKEY key, const std::string& name) {
   const auto shape = QueryShape(key, name.c_str());
   if (!shape || shape->type != REG_SZ) return {};
-  return UpToNull(QueryBytes(key, name.c_str(), shape->size_bytes).value_or(""));
+  return QueryText(key, name.c_str(), shape->size_bytes).value_or("");
 }
 
 bool WriteRegValue(HKEY root, const std::string& sub_key, const std::string& name,
