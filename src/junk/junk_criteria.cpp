@@ -1,11 +1,10 @@
 // The two tables of the junk cleaner: from the registry to the lists and back.
 #include <string>
 
-#include "helpers/settings_key.h"
 #include "helpers/text_helpers.h"
 #include "junk/junk.h"
 #include "junk/shipped_criteria.h"
-#include "registry/mdlRegistry.h"
+#include "registry/stored_settings.h"
 
 namespace tidemark {
 namespace {
@@ -42,12 +41,10 @@ Table ExcludeFoldersOf(frmMain& window) {
 }
 
 void Read(const Strand& strand, const char* shipped) {
-  strand.text = GetRegString(HKEY_CURRENT_USER, kSettingsKey, strand.value_name, shipped);
+  strand.text = Setting(strand.value_name, shipped);
 }
 
-void Write(const Strand& strand) {
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, strand.value_name, strand.text);
-}
+void Write(const Strand& strand) { SaveSetting(strand.value_name, strand.text); }
 
 // A text that is no number can't be compared, and leaves the row clear.
 bool IsOne(const std::string& state) { return NumberOf(state) == 1.0; }

@@ -3,11 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "helpers/settings_key.h"
 #include "helpers/text_helpers.h"
 #include "junk/junk.h"
 #include "junk/shipped_criteria.h"
-#include "registry/mdlRegistry.h"
+#include "registry/stored_settings.h"
 
 namespace tidemark {
 namespace {
@@ -120,12 +119,9 @@ void RevertFileTypes(frmMain& window) {
           "Please Confirm")) {
     return;
   }
-  const auto save = [](const char* name, const char* text) {
-    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
-  };
-  save("FileTypes", kShippedFileTypes.entries);
-  save("FileDesc", kShippedFileTypes.descriptions);
-  save("FileState", kShippedFileTypes.states);
+  SaveSetting("FileTypes", kShippedFileTypes.entries);
+  SaveSetting("FileDesc", kShippedFileTypes.descriptions);
+  SaveSetting("FileState", kShippedFileTypes.states);
   LoadFileTypes(window);
 }
 

@@ -1,10 +1,9 @@
 // The drives that a junk scan may walk: the tree and its stored ticks.
 #include <string>
 
-#include "helpers/settings_key.h"
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
-#include "registry/mdlRegistry.h"
+#include "registry/stored_settings.h"
 
 namespace tidemark {
 namespace {
@@ -20,7 +19,7 @@ enum DriveImage {
   kNetImage = 5
 };
 
-std::string StoredDrives() { return GetRegString(HKEY_CURRENT_USER, kSettingsKey, "Drives", ""); }
+std::string StoredDrives() { return Setting("Drives", ""); }
 
 struct Shown {
   std::string text;
@@ -82,7 +81,7 @@ void SaveDrives(frmMain& window, TreeView& /*tree*/) {
     const TreeNode& node = *window.tvDrives.Node(index);
     if (node.Checked()) drives.append(node.Key().View()) += ';';
   }
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Drives", drives);
+  SaveSetting("Drives", drives);
 }
 
 }  // namespace tidemark

@@ -3,10 +3,9 @@
 #include <string>
 
 #include "helpers/diagnostic_tests.h"
-#include "helpers/settings_key.h"
 #include "helpers/text_helpers.h"
 #include "platform/winapi.h"
-#include "registry/mdlRegistry.h"
+#include "registry/stored_settings.h"
 #include "repair/category_repairs.h"
 #include "repair/repair.h"
 #include "window/finding_columns.h"
@@ -75,7 +74,7 @@ void cmdFix_Click(frmMain& window) {
   window.lvProblems.Clear();
   window.Loadbackup();
   // "0" whatever was left unselected and wherever the run was stopped. On purpose.
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "OutstandingErrors", "0");
+  SaveSetting("OutstandingErrors", "0");
   window.SetInitValues();
 }
 

@@ -4,9 +4,8 @@
 #include <vector>
 
 #include "helpers/diagnostic_tests.h"
-#include "helpers/settings_key.h"
 #include "helpers/text_helpers.h"
-#include "registry/mdlRegistry.h"
+#include "registry/stored_settings.h"
 
 namespace tidemark {
 namespace {
@@ -21,8 +20,7 @@ std::string WithoutLastCharacter(std::string_view text) {
 }  // namespace
 
 void LoadLocations(frmMain& window) {
-  std::vector<std::string> states =
-      Split(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", kAllChecked), ';');
+  std::vector<std::string> states = Split(Setting("LocState", kAllChecked), ';');
   if (states.size() != kDiagnosticTests.size()) states = Split(kAllChecked, ';');
   window.lvLocations.Clear();
   for (std::size_t index = 0; index < kDiagnosticTests.size(); ++index) {
@@ -43,9 +41,9 @@ void SaveLocations(frmMain& window) {
     descriptions.append(row.SubItem(1).View()).append(";");
     states.append(row.Checked() ? "1;" : "0;");
   }
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Locations", WithoutLastCharacter(names));
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocDesc", WithoutLastCharacter(descriptions));
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", WithoutLastCharacter(states));
+  SaveSetting("Locations", WithoutLastCharacter(names));
+  SaveSetting("LocDesc", WithoutLastCharacter(descriptions));
+  SaveSetting("LocState", WithoutLastCharacter(states));
 }
 
 void chkSelectAll_Click(frmMain& window) {
@@ -54,8 +52,7 @@ void chkSelectAll_Click(frmMain& window) {
     window.lvLocations.Item(index)->SetChecked(checked);
   }
   SaveLocations(window);
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "SelectAllLoc",
-                std::to_string(window.chkSelectAll.Value()));
+  SaveSetting("SelectAllLoc", std::to_string(window.chkSelectAll.Value()));
 }
 
 }  // namespace tidemark

@@ -1,11 +1,10 @@
 #include <string>
 
 #include "helpers/diagnostic_tests.h"
-#include "helpers/settings_key.h"
 #include "helpers/text_helpers.h"
 #include "platform/locale_texts.h"
 #include "platform/winapi.h"
-#include "registry/mdlRegistry.h"
+#include "registry/stored_settings.h"
 #include "scan/findings.h"
 #include "scan/scan.h"
 #include "window/panels.h"
@@ -125,28 +124,22 @@ void ShowResultsPage(frmMain& window) {
 }
 
 void StoreStatistics(frmMain& window) {
-  const auto save = [](const char* name, const std::string& text) {
-    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
-  };
-  const auto read = [](const char* name, const char* default_text) {
-    return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, default_text);
-  };
   // A total that does not fit 32 bits is not taken over.
   window.TotalToDate =
-      RoundToLong(LeadingNumber(read("TotalCount", "0"))).value_or(window.TotalToDate);
+      RoundToLong(LeadingNumber(Setting("TotalCount", "0"))).value_or(window.TotalToDate);
   window.TotalToDate = RoundToLong(static_cast<double>(window.TotalToDate) + window.ProblemCount)
                            .value_or(window.TotalToDate);
   SYSTEMTIME now{};
   GetLocalTime(&now);
-  save("LastRunTime", TimeText(now));
-  save("LastRunDate", DateText(now));
-  save("TotalCount", std::to_string(window.TotalToDate));
-  save("LastCount", std::to_string(window.ProblemCount));
-  save("OutstandingErrors", std::to_string(window.ProblemCount));
+  SaveSetting("LastRunTime", TimeText(now));
+  SaveSetting("LastRunDate", DateText(now));
+  SaveSetting("TotalCount", std::to_string(window.TotalToDate));
+  SaveSetting("LastCount", std::to_string(window.ProblemCount));
+  SaveSetting("OutstandingErrors", std::to_string(window.ProblemCount));
   window.lblTotaltodate.SetCaption(std::to_string(window.TotalToDate));
   window.lblLastscan.SetCaption(std::to_string(window.ProblemCount));
-  window.LastRunTime = read("LastRunTime", "");
-  window.LastRunDate = read("LastRunDate", "");
+  window.LastRunTime = Setting("LastRunTime", "");
+  window.LastRunDate = Setting("LastRunDate", "");
 }
 
 }  // namespace

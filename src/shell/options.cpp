@@ -4,7 +4,7 @@
 
 #include "platform/winapi.h"
 #include "registry/mdlRegistry.h"
-#include "shell/stored_settings.h"
+#include "registry/stored_settings.h"
 
 namespace tidemark {
 namespace {

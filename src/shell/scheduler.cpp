@@ -9,10 +9,10 @@
 #include "helpers/text_helpers.h"
 #include "platform/locale_texts.h"
 #include "platform/winapi.h"
+#include "registry/stored_settings.h"
 #include "repair/repair.h"
 #include "scan/scan.h"
 #include "shell/pages.h"
-#include "shell/stored_settings.h"
 
 namespace tidemark {
 namespace {

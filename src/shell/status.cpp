@@ -4,8 +4,8 @@
 
 #include "helpers/text_helpers.h"
 #include "platform/locale_texts.h"
+#include "registry/stored_settings.h"
 #include "scan/locations.h"
-#include "shell/stored_settings.h"
 #include "window/panels.h"
 
 namespace tidemark {

@@ -1,5 +1,4 @@
-// The stored settings and counters of the program as the shell reads and writes them: texts, and
-// numbers as decimal text.
+// The stored settings and counters of the program: texts, and numbers as decimal text.
 #pragma once
 
 #include <string>

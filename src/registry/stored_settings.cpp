@@ -1,4 +1,4 @@
-#include "shell/stored_settings.h"
+#include "registry/stored_settings.h"
 
 #include <cstdint>
 #include <limits>
