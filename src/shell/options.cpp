@@ -49,8 +49,7 @@ void LoadOptions(frmMain& window) {
 // The name holds the version, so an entry of an older version is neither seen nor removed.
 void SetStartupEntry(const frmMain& window, bool start) {
   const Application& program = window.application;
-  const std::string name =
-      program.title + " - " + std::to_string(program.major) + "." + std::to_string(program.minor);
+  const std::string name = program.title + " - " + Application::kMajorMinor;
   if (!start) {
     DeleteRegValue(HKEY_CURRENT_USER, kRunKey, name);
     return;

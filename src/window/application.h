@@ -6,10 +6,12 @@
 namespace tidemark {
 
 struct Application {
+  // Of the build, as "2.1.0" and "2.1".
+  static const char* const kVersion;
+  static const char* const kMajorMinor;
+
   std::string folder;  // the program's folder, without a trailing backslash
   std::string title = "Tidemark";
-  int major = 2;
-  int minor = 1;
   std::string executable = "tidemark";  // the file's name without its extension
   bool previous_instance = false;       // another Tidemark was running when this one started
 };

@@ -1,5 +1,7 @@
 #include "window/dialogs.h"
 
+#include "window/application.h"
+
 namespace tidemark {
 
 frmSplash::frmSplash(const std::string& program_folder) {
@@ -18,7 +20,7 @@ frmAbout::frmAbout(const std::string& program_folder) {
   lblTitle.SetCaption("Tidemark!");
   lblTitle.SetFont({.tenths_of_points = 180, .bold = true});
   lblTitle.SetPlace({2040, 360, 3060, 540});
-  lblVersion.SetCaption("2.1.0");
+  lblVersion.SetCaption(Application::kVersion);
   lblVersion.SetPlace({2040, 960, 3060, 285});
   cmdSupport.SetCaption("Contact Online &Support");
   cmdSupport.SetPlace({300, 2025, 2400, 390});

@@ -1,0 +1,8 @@
+#include "window/application.h"
+
+namespace tidemark {
+
+const char* const Application::kVersion = TIDEMARK_VERSION;
+const char* const Application::kMajorMinor = TIDEMARK_MAJOR_MINOR;
+
+}  // namespace tidemark
