@@ -66,6 +66,11 @@ std::vector<std::string> Split(std::string_view text, char separator) {
   return pieces;
 }
 
+std::string WithoutLastSeparator(std::string_view list) {
+  list = TrimBlanks(list);
+  return std::string(list.substr(0, list.empty() ? 0 : list.size() - 1));
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
   std::string result;
   std::size_t start = 0;

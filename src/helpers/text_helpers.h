@@ -18,6 +18,10 @@ std::string& StripNull(std::string& text);
 // The pieces between the separators; an empty text gives no piece at all.
 std::vector<std::string> Split(std::string_view text, char separator);
 
+// What a list whose pieces all end in a separator is stored as: without the blanks at its ends, and
+// then without its last character.
+std::string WithoutLastSeparator(std::string_view list);
+
 // Every occurrence replaced, letter case counting; an empty `from` replaces nothing.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
 

@@ -64,12 +64,6 @@ void Load(const Table& table) {
   }
 }
 
-// Without its last character, the divider, once the blanks at its ends are gone.
-void CutDivider(std::string& text) {
-  text = TrimBlanks(text);
-  if (!text.empty()) text.pop_back();
-}
-
 void Save(const Table& table) {
   for (std::string* text : {&table.entries.text, &table.descriptions.text, &table.states.text}) {
     text->clear();
@@ -81,7 +75,7 @@ void Save(const Table& table) {
     table.states.text += row.Checked() ? "1;" : "0;";
   }
   for (const Strand* strand : {&table.entries, &table.descriptions, &table.states}) {
-    CutDivider(strand->text);
+    strand->text = WithoutLastSeparator(strand->text);
     Write(*strand);
   }
 }

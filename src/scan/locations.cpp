@@ -12,11 +12,6 @@ namespace {
 
 constexpr const char* kAllChecked = "1;1;1;1;1;1;1;1;1;1;1;1";
 
-std::string WithoutLastCharacter(std::string_view text) {
-  text = TrimBlanks(text);
-  return std::string(text.substr(0, text.empty() ? 0 : text.size() - 1));
-}
-
 }  // namespace
 
 void LoadLocations(frmMain& window) {
@@ -41,9 +36,9 @@ void SaveLocations(frmMain& window) {
     descriptions.append(row.SubItem(1).View()).append(";");
     states.append(row.Checked() ? "1;" : "0;");
   }
-  SaveSetting("Locations", WithoutLastCharacter(names));
-  SaveSetting("LocDesc", WithoutLastCharacter(descriptions));
-  SaveSetting("LocState", WithoutLastCharacter(states));
+  SaveSetting("Locations", WithoutLastSeparator(names));
+  SaveSetting("LocDesc", WithoutLastSeparator(descriptions));
+  SaveSetting("LocState", WithoutLastSeparator(states));
 }
 
 void chkSelectAll_Click(frmMain& window) {
