@@ -7,6 +7,7 @@
 
 #include "platform/unique_handle.h"
 #include "platform/winapi.h"
+#include "platform/windows/wide_text.h"
 
 namespace tidemark {
 namespace {
@@ -29,14 +30,6 @@ constexpr KeyName kKeyNames[] = {{L"RIGHT", VK_RIGHT},  {L"LEFT", VK_LEFT}, {L"U
                                  {L"DOWN", VK_DOWN},    {L"HOME", VK_HOME}, {L"END", VK_END},
                                  {L"ENTER", VK_RETURN}, {L"TAB", VK_TAB},   {L"ESC", VK_ESCAPE},
                                  {L"DEL", VK_DELETE}};
-
-std::wstring Wide(const std::string& text) {
-  const int size = static_cast<int>(text.size());
-  std::wstring wide(text.size(), L'\0');
-  const int units = MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), size);
-  wide.resize(static_cast<std::size_t>(units));
-  return wide;
-}
 
 void Press(WORD key, WORD character, DWORD flags, std::vector<INPUT>& inputs) {
   INPUT input{};
