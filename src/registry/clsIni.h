@@ -1,4 +1,4 @@
-// A profile file that remembers its path.
+// A profile file that remembers its path. A facility: the program's own flows use ini_access.
 #pragma once
 
 #include <string>
