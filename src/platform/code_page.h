@@ -15,9 +15,4 @@ std::string ToSystemCodePage(std::string_view utf8);
 // system's default conversion makes of it.
 std::string FromSystemCodePage(std::string_view bytes);
 
-// Little-endian 16-bit text, without a byte order mark, from and to UTF-8. A lone surrogate and a
-// trailing odd byte become U+FFFD on the way to UTF-8.
-std::string Utf8FromUtf16(std::string_view bytes);
-std::string Utf16FromUtf8(std::string_view utf8);
-
 }  // namespace tidemark

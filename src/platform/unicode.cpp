@@ -1,7 +1,5 @@
 #include "platform/unicode.h"
 
-#include "platform/code_page.h"
-
 namespace tidemark {
 namespace {
 

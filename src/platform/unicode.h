@@ -1,4 +1,4 @@
-// UTF-8 one character at a time.
+// UTF-8 one character at a time, and from and to 16-bit text.
 #pragma once
 
 #include <cstddef>
@@ -24,5 +24,10 @@ constexpr bool ContinuesCharacter(char byte) {
 
 // A surrogate and a number beyond U+10FFFF become U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
+
+// Little-endian 16-bit text, without a byte order mark, from and to UTF-8. A lone surrogate and a
+// trailing odd byte become U+FFFD on the way to UTF-8.
+std::string Utf8FromUtf16(std::string_view bytes);
+std::string Utf16FromUtf8(std::string_view utf8);
 
 }  // namespace tidemark

@@ -7,6 +7,7 @@
 #include "platform/code_page.h"
 #include "platform/file_system_object.h"
 #include "platform/program_start.h"
+#include "platform/unicode.h"
 #include "platform/winapi.h"
 
 namespace tidemark {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/unicode.h"
 #include "tests/support/test_pc.h"
 
 namespace tidemark {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/code_page.h"
 #include "platform/program_start.h"
+#include "platform/unicode.h"
 #include "registry/mdlRegistry.h"
 #include "tests/support/test_pc.h"
 

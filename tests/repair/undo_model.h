@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/code_page.h"
+#include "platform/unicode.h"
 #include "tests/support/registry_snapshot.h"
 #include "toolkit/list_view.h"
 #include "window/finding_columns.h"

@@ -5,6 +5,7 @@
 #include "platform/code_page.h"
 #include "platform/hosted/link_file.h"
 #include "platform/link_format.h"
+#include "platform/unicode.h"
 
 namespace tidemark::hosted {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <oleauto.h>
 
-#include "platform/code_page.h"
+#include "platform/unicode.h"
 
 namespace tidemark {
 namespace {
