@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "toolkit/script_front_end.h"
 #include "window/frmMain.h"
 

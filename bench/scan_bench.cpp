@@ -9,7 +9,7 @@
 
 #include "generated_pc.h"
 #include "platform/unique_handle.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "scan/scan.h"
 #include "shell/status.h"
 #include "shell/wiring.h"

@@ -7,7 +7,7 @@
 
 #include "desktop/win32/win32_front_end.h"
 #include "generated_pc.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "scan/scan.h"
 #include "shell/pages.h"
 #include "shell/wiring.h"

@@ -1,7 +1,7 @@
 // The walkers of file associations.
 #include "platform/winapi.h"
 #include "registry/mdlRegistry.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "scan/walk.h"
 #include "scan/walkers.h"
 

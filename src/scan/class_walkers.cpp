@@ -6,7 +6,7 @@
 #include "helpers/text_helpers.h"
 #include "platform/letter_case.h"
 #include "registry/mdlRegistry.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "scan/walk.h"
 #include "scan/walkers.h"
 

@@ -5,7 +5,7 @@
 #include "platform/locale_texts.h"
 #include "platform/winapi.h"
 #include "registry/stored_settings.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "scan/scan.h"
 #include "window/panels.h"
 

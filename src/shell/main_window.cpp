@@ -1,8 +1,8 @@
 #include "shell/main_window.h"
 
 #include "platform/winapi.h"
-#include "scan/findings.h"
 #include "scan/locations.h"
+#include "scan/results.h"
 #include "shell/pages.h"
 #include "shell/status.h"
 #include "window/panels.h"

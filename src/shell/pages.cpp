@@ -5,7 +5,7 @@
 #include "helpers/system_helpers.h"
 #include "platform/winapi.h"
 #include "scan/scan.h"
-#include "shell/dialogs.h"
+#include "shell/open_dialogs.h"
 #include "shell/status.h"
 #include "window/panels.h"
 

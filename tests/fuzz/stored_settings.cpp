@@ -6,7 +6,7 @@
 #include "helpers/settings_key.h"
 #include "junk/junk.h"
 #include "registry/mdlRegistry.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "shell/status.h"
 #include "shell/wiring.h"
 #include "tests/fuzz/fuzz_pc.h"

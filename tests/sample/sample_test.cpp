@@ -16,7 +16,7 @@
 #include "platform/letter_case.h"
 #include "platform/program_start.h"
 #include "platform/unique_handle.h"
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "shell/main_window.h"
 #include "shell/wiring.h"
 #include "startup/startup.h"

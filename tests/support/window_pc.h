@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "shell/wiring.h"
 #include "tests/support/test_pc.h"
 #include "toolkit/script_front_end.h"

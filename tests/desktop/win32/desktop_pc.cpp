@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-#include "scan/findings.h"
+#include "scan/results.h"
 #include "shell/main_window.h"
 
 namespace tidemark {

@@ -6,7 +6,7 @@
 #include "desktop/win32/notification_area.h"
 #include "helpers/settings_key.h"
 #include "registry/mdlRegistry.h"
-#include "shell/dialogs.h"
+#include "shell/open_dialogs.h"
 #include "tests/desktop/win32/desktop_pc.h"
 
 namespace tidemark {

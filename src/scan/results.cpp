@@ -1,4 +1,4 @@
-#include "scan/findings.h"
+#include "scan/results.h"
 
 #include <array>
 #include <cstdint>

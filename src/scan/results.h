@@ -1,4 +1,4 @@
-// The findings: every finding of a scan is one row of lvInvalidLoc, and that row is the record that
+// The results of a scan: every finding is one row of lvInvalidLoc, and that row is the record that
 // the repair reads; lvFound and lvProblems are derived from it for the results page.
 #pragma once
 

@@ -1,4 +1,4 @@
-#include "shell/dialogs.h"
+#include "shell/open_dialogs.h"
 
 #include "helpers/system_helpers.h"
 #include "platform/winapi.h"
