@@ -3,7 +3,6 @@
 // sent to the recycle bin.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "platform/winapi.h"
@@ -19,9 +18,9 @@ void LoadExcludeFolders(frmMain& window);
 void SaveFileTypes(frmMain& window);
 void SaveExcludeFolders(frmMain& window);
 // 0 add, 1 edit, 2 remove, 3 revert to the shipped table; any other index does nothing.
-void EditFileTypes(frmMain& window, std::int16_t index);
+void EditFileTypes(frmMain& window, int index);
 // 0 add, 1 edit, 2 remove; any other index does nothing.
-void EditExcludeFolders(frmMain& window, std::int16_t index);
+void EditExcludeFolders(frmMain& window, int index);
 
 // The drives. Optical and RAM drives are not shown.
 void ShowDrivesList(frmMain& window);

@@ -11,7 +11,7 @@
 namespace tidemark {
 namespace {
 
-enum Edit : std::int16_t { kAdd = 0, kEdit = 1, kRemove = 2, kRevert = 3 };
+enum Edit { kAdd = 0, kEdit = 1, kRemove = 2, kRevert = 3 };
 
 // What differs between the two tables: their list, and how they are stored and loaded again.
 struct Editor {
@@ -153,7 +153,7 @@ void EditExcludeFolder(const Editor& editor) {
 
 }  // namespace
 
-void EditFileTypes(frmMain& window, std::int16_t index) {
+void EditFileTypes(frmMain& window, int index) {
   const Editor editor{window, window.lvFileTypes, SaveFileTypes, LoadFileTypes};
   switch (index) {
     case kAdd:
@@ -172,7 +172,7 @@ void EditFileTypes(frmMain& window, std::int16_t index) {
   }
 }
 
-void EditExcludeFolders(frmMain& window, std::int16_t index) {
+void EditExcludeFolders(frmMain& window, int index) {
   const Editor editor{window, window.lvExcludeFolders, SaveExcludeFolders, LoadExcludeFolders};
   switch (index) {
     case kAdd:

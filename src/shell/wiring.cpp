@@ -118,12 +118,11 @@ void BindJunk(frmMain& window) {
   window.lvFileTypes.ItemChecked.Bind([&window](ListItem&) { SaveFileTypes(window); });
   window.lvExcludeFolders.ItemChecked.Bind([&window](ListItem&) { SaveExcludeFolders(window); });
   for (int index = 0; index < window.cmdFileTypes.Count(); ++index) {
-    window.cmdFileTypes(index).Clicked.Bind(
-        [&window, index] { EditFileTypes(window, static_cast<std::int16_t>(index)); });
+    window.cmdFileTypes(index).Clicked.Bind([&window, index] { EditFileTypes(window, index); });
   }
   for (int index = 0; index < window.cmdExcludeFolders.Count(); ++index) {
     window.cmdExcludeFolders(index).Clicked.Bind(
-        [&window, index] { EditExcludeFolders(window, static_cast<std::int16_t>(index)); });
+        [&window, index] { EditExcludeFolders(window, index); });
   }
   window.cmdJunkScan.Clicked.Bind([&window] { cmdJunkScan_Click(window); });
   window.cmdJunkStop.Clicked.Bind([&window] { cmdJunkStop_Click(window); });
