@@ -1,7 +1,6 @@
 // The six buttons under the result list. A removal sends one file after the other to the recycle
 // bin and takes its row out of the list, whatever became of the file.
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
 

@@ -24,7 +24,6 @@
 
 #else
 
-#include <cstddef>
 #include <cstdint>
 
 using BYTE = unsigned char;

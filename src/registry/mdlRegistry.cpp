@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string_view>
 
 #include "helpers/text_helpers.h"
 #include "platform/unicode.h"

@@ -9,7 +9,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <variant>
 
 #include "platform/winapi.h"

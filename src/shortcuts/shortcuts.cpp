@@ -5,7 +5,6 @@
 #include "helpers/ignore_list.h"
 #include "helpers/modShortcut.h"
 #include "helpers/system_helpers.h"
-#include "helpers/text_helpers.h"
 #include "platform/file_system_object.h"
 #include "platform/letter_case.h"
 #include "platform/unique_handle.h"

@@ -1,5 +1,4 @@
 // The list of the programs that start with Windows, filled from its eleven sources.
-#include <algorithm>
 #include <string>
 
 #include "helpers/check_valid.h"

@@ -1,6 +1,5 @@
 // Reading a shell link file ([MS-SHLLINK], sections 2.1 to 2.5).
 #include <algorithm>
-#include <array>
 #include <bit>
 
 #include "platform/code_page.h"

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/code_page.h"
 #include "platform/hosted/file_store.h"

@@ -1,6 +1,5 @@
 // The platform's registry calls that delete keys: an empty one, or one with all below it.
 #include <string>
-#include <string_view>
 
 #include "platform/hosted/registry_call_checks.h"
 #include "platform/hosted/registry_store.h"

@@ -2,7 +2,6 @@
 // one that is still open when the PC is switched off is no fault: programs leak them.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 

@@ -1,7 +1,6 @@
 #include "platform/hosted/registry_value_index.h"
 
 #include <bit>
-#include <utility>
 
 #include "platform/hosted/registry_names.h"
 
