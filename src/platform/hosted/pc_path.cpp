@@ -1,5 +1,7 @@
 #include "platform/hosted/pc_path.h"
 
+#include <algorithm>
+
 #include "platform/hosted/registry_names.h"
 #include "platform/letter_case.h"
 
@@ -9,22 +11,13 @@ namespace {
 constexpr bool IsSeparator(char c) { return c == '\\' || c == '/'; }
 constexpr bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
+constexpr bool IsForbidden(char c) {
+  return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '*' || c == ':' || c == '<' ||
+         c == '>' || c == '?' || c == '|';
+}
+
 bool HasForbiddenCharacter(std::string_view text) {
-  for (const char c : text) {
-    switch (c) {
-      case '"':
-      case '*':
-      case ':':
-      case '<':
-      case '>':
-      case '?':
-      case '|':
-        return true;
-      default:
-        if (static_cast<unsigned char>(c) < 0x20) return true;
-    }
-  }
-  return false;
+  return std::any_of(text.begin(), text.end(), IsForbidden);
 }
 
 void SetUpper(PcPath& path) {
