@@ -148,10 +148,7 @@ void cmdStop_Click(frmMain& window) {
   window.front_end.DoEvents();
 }
 
-void cmdStopFix_Click(frmMain& window) {
-  window.ScanRunning = false;
-  cmdStop_Click(window);
-}
+void cmdStopFix_Click(frmMain& window) { cmdStop_Click(window); }
 
 void cmdTellaFriend_Click(frmMain& window) { imgtoolbar_Click(window, 2); }
 
