@@ -197,6 +197,20 @@ void DesignTabs(frmMain& window) {
                 {window.lvPrograms, "Programs that start with Windows"}});
 }
 
+struct Edit {
+  const char* caption;
+  const char* name;  // which says of which list, as the place does to the eye
+};
+
+void AddEdits(ControlGroup<CommandButton>& buttons, Control& container,
+              std::initializer_list<Edit> edits) {
+  for (const Edit& edit : edits) {
+    CommandButton& button = buttons.Add(&container, buttons.Count());
+    button.SetCaption(edit.caption);
+    button.SetAccessibleName(edit.name);
+  }
+}
+
 void DesignJunkCriteria(frmMain& window) {
   window.lblJunkTitle.SetCaption("Junk files");
   // The results lie on its left edge and would cut a frame open.
@@ -215,16 +229,15 @@ void DesignJunkCriteria(frmMain& window) {
   window.lvFileTypes.columns = {{"File Type", 1800, {}}, {"Description", 3500, {}}};
   window.lvExcludeFolders.columns = {{"Folder", 2600, {}}, {"Description", 2700, {}}};
   window.lvFileTypes.check_boxes = window.lvExcludeFolders.check_boxes = true;
-  constexpr std::array kEdits = {"&Add...", "&Edit...", "&Remove", "Rever&t"};
-  for (int index = 0; index < static_cast<int>(kEdits.size()); ++index) {
-    window.cmdFileTypes.Add(&window.picJunkCriteria, index)
-        .SetCaption(kEdits[static_cast<std::size_t>(index)]);
-  }
-  constexpr std::array kFolderEdits = {"A&dd...", "Ed&it...", "Re&move"};
-  for (int index = 0; index < static_cast<int>(kFolderEdits.size()); ++index) {
-    window.cmdExcludeFolders.Add(&window.picJunkCriteria, index)
-        .SetCaption(kFolderEdits[static_cast<std::size_t>(index)]);
-  }
+  AddEdits(window.cmdFileTypes, window.picJunkCriteria,
+           {{"&Add...", "Add a file type"},
+            {"&Edit...", "Edit the file type"},
+            {"&Remove", "Remove the file type"},
+            {"Rever&t", "Revert to the original file types"}});
+  AddEdits(window.cmdExcludeFolders, window.picJunkCriteria,
+           {{"A&dd...", "Add a folder"},
+            {"Ed&it...", "Edit the folder"},
+            {"Re&move", "Remove the folder"}});
   window.FolderPicker.SetVisible(false);
   window.cmdJunkScan.SetCaption("S&can");
   NameControls({{window.tvDrives, "Drives to scan"},
