@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
-#include "platform/unicode.h"
+#include "toolkit/access_key.h"
 
 namespace tidemark {
 namespace {
@@ -71,22 +72,6 @@ void PaintFocus(int inset, Canvas& canvas) {
 bool IsFaceStrip(const Bitmap& bitmap) {
   return bitmap.width % kButtonFaces == 0 && bitmap.width / kButtonFaces > 2 * kEdge &&
          bitmap.height > 2 * kEdge;
-}
-
-ShownCaption ShowCaption(std::string_view caption) {
-  ShownCaption shown;
-  for (std::size_t position = 0; position < caption.size();) {
-    const bool is_mark = caption[position] == '&';
-    if (is_mark && ++position == caption.size()) break;
-    const std::size_t start = position;
-    NextCharacter(caption, position);
-    if (is_mark && caption[start] != '&' && shown.key_size == 0) {
-      shown.key = shown.text.size();
-      shown.key_size = position - start;
-    }
-    shown.text += caption.substr(start, position - start);
-  }
-  return shown;
 }
 
 Rect CaptionPlace(const ButtonLook& look, int width, int height) {

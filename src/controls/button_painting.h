@@ -1,10 +1,6 @@
 // How the program's own push button looks: its faces, its caption and its glyph.
 #pragma once
 
-#include <optional>
-#include <string>
-#include <string_view>
-
 #include "controls/ole_color.h"
 #include "toolkit/bitmap.h"
 #include "toolkit/canvas_control.h"
@@ -36,13 +32,5 @@ Rect CaptionPlace(const ButtonLook& look, int width, int height);
 const Bitmap& BuiltInButtonFaces();
 // Whether a bitmap can be such a strip: five cells that have a middle.
 bool IsFaceStrip(const Bitmap& bitmap);
-
-// A caption as it is painted, and its access key, the character to underline.
-struct ShownCaption {
-  std::string text;
-  std::size_t key = 0;       // where the key starts
-  std::size_t key_size = 0;  // 0: no access key
-};
-ShownCaption ShowCaption(std::string_view caption);
 
 }  // namespace tidemark

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "support/test_pc.h"
+#include "toolkit/access_key.h"
 
 namespace tidemark {
 namespace {

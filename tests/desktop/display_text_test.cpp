@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "toolkit/access_key.h"
+
 namespace tidemark {
 namespace {
 

@@ -8,6 +8,7 @@
 #include "desktop/terminal/page.h"
 #include "desktop/terminal/reading_order.h"
 #include "tests/support/test_pc.h"
+#include "toolkit/access_key.h"
 #include "toolkit/script_front_end.h"
 #include "window/frmMain.h"
 #include "window/panels.h"

@@ -126,15 +126,6 @@ std::vector<std::string> Wrap(std::string_view text, int width) {
   return lines;
 }
 
-std::string WithoutAccessKey(std::string_view caption) {
-  std::string result;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && ++i == caption.size()) break;
-    result += caption[i];
-  }
-  return result;
-}
-
 std::string_view FileTitle(std::string_view path) {
   path.remove_prefix(path.find_last_of("\\/") + 1);  // npos + 1 is 0
   return path.substr(0, path.rfind('.'));

@@ -25,9 +25,6 @@ std::string FitPath(std::string_view text, int width);
 // ends. An empty text has no lines.
 std::vector<std::string> Wrap(std::string_view text, int width);
 
-// A caption as it is read: "&" stands before its access key and is not shown, "&&" is an "&".
-std::string WithoutAccessKey(std::string_view caption);
-
 // "RegHealth-Low" of "C:\Program Files\Tidemark\Images\RegHealth-Low.jpg".
 std::string_view FileTitle(std::string_view path);
 

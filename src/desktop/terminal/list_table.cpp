@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desktop/terminal/display_text.h"
+#include "toolkit/access_key.h"
 
 namespace tidemark {
 namespace {

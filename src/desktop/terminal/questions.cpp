@@ -8,6 +8,7 @@
 #include "desktop/terminal/display_text.h"
 #include "desktop/terminal/during.h"
 #include "desktop/terminal/terminal_front_end.h"
+#include "toolkit/access_key.h"
 
 namespace tidemark {
 namespace {

@@ -8,6 +8,7 @@
 #include "controls/xpcmdbutton.h"
 #include "desktop/terminal/display_text.h"
 #include "desktop/terminal/reading_order.h"
+#include "toolkit/access_key.h"
 #include "toolkit/option_button.h"
 #include "toolkit/text_box.h"
 

@@ -1,12 +1,11 @@
 #include "desktop/win32/accessibility.h"
 
 #include <array>
-#include <cstddef>
-#include <optional>
 #include <string>
 
 #include "platform/windows/com.h"
 #include "platform/windows/wide_text.h"
+#include "toolkit/access_key.h"
 // After the platform's own header.
 #include <oleacc.h>
 
@@ -14,22 +13,6 @@ namespace tidemark {
 namespace {
 
 constexpr auto kWindowContents = static_cast<DWORD>(OBJID_CLIENT);
-
-struct Name {
-  std::string spoken;
-  std::optional<char> access_key;
-};
-
-Name Parse(std::string_view text) {
-  Name name;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '&' && i + 1 < text.size()) {
-      if (text[++i] != '&' && !name.access_key) name.access_key = text[i];
-    }
-    name.spoken += text[i];
-  }
-  return name;
-}
 
 // The system's annotations of windows, made at the first use and kept: there are many windows.
 struct Annotations {
@@ -44,15 +27,15 @@ IAccPropServices* Services() {
   return annotations.services.get();
 }
 
-bool Annotate(HWND window, const Name& name, long role) {
+bool Annotate(HWND window, const ShownCaption& name, long role) {
   IAccPropServices* const services = Services();
   if (services == nullptr ||
       FAILED(services->SetHwndPropStr(window, kWindowContents, CHILDID_SELF, PROPID_ACC_NAME,
-                                      Wide(name.spoken).c_str()))) {
+                                      Wide(name.text).c_str()))) {
     return false;
   }
-  if (name.access_key) {
-    const std::wstring keys = L"Alt+" + Wide({&*name.access_key, 1});
+  if (name.key_size != 0) {
+    const std::wstring keys = L"Alt+" + Wide(name.Key());
     services->SetHwndPropStr(window, kWindowContents, CHILDID_SELF, PROPID_ACC_KEYBOARDSHORTCUT,
                              keys.c_str());
   }
@@ -80,9 +63,9 @@ bool ShowsItsText(HWND window) {
 }  // namespace
 
 void SetAccessible(HWND window, std::string_view name, long role) {
-  const Name parsed = Parse(name);
-  if (Annotate(window, parsed, role) || ShowsItsText(window)) return;
-  SetWindowTextA(window, parsed.spoken.c_str());
+  const ShownCaption shown = ShowCaption(name);
+  if (Annotate(window, shown, role) || ShowsItsText(window)) return;
+  SetWindowTextA(window, shown.text.c_str());
 }
 
 void ForgetAccessible(HWND window) {

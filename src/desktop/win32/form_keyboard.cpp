@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/letter_case.h"
+#include "toolkit/access_key.h"
 #include "toolkit/option_button.h"
 
 namespace tidemark {
@@ -69,11 +70,8 @@ bool WantsKey(HWND window, const MSG& message) {
 }  // namespace
 
 char FormKeyboard::AccessKeyOf(std::string_view text) {
-  for (std::size_t at = 0; at + 1 < text.size(); ++at) {
-    if (text[at] != '&') continue;
-    if (text[++at] != '&') return LowerCase(text.substr(at, 1))[0];
-  }
-  return 0;
+  const std::string key = ShowCaption(text).Key();
+  return key.empty() ? '\0' : LowerCase(key)[0];
 }
 
 bool FormKeyboard::Takes(const MSG& message) {
