@@ -46,13 +46,14 @@ int TerminalFrontEnd::Run(Form& main_window, const std::function<void()>& progra
     if (prompt_is_up_) console_.Write("\r\n");
   }
   desk_ = {};
+  timers_ = {};
   return refused_ ? 1 : 0;
 }
 
 void TerminalFrontEnd::Pulse() {
   AdaptPulse();
   if (closing_) return;
-  if (GetTickCount64() >= next_timer_look_) TickTimers();
+  if (GetTickCount64() >= next_timer_look_) TickTimer();
   if (interactive_) {
     PulseAtTerminal();
   } else if (AwaitsAnswer()) {
@@ -86,10 +87,10 @@ void TerminalFrontEnd::AdaptPulse() {
   yields_to_pulse_ = pulse_period_;
 }
 
-void TerminalFrontEnd::TickTimers() {
+void TerminalFrontEnd::TickTimer() {
   const ULONGLONG now = GetTickCount64();
   next_timer_look_ = now + kTimerLookPause_ms;
-  while (Timer* timer = timers_.Take(desk_.forms, now)) {
+  if (Timer* timer = timers_.TakeDue(now)) {
     const During running(running_command_, ++last_command_);
     timer->Tick();
   }
@@ -97,7 +98,7 @@ void TerminalFrontEnd::TickTimers() {
 
 ConsoleInput TerminalFrontEnd::WaitForInput() {
   while (true) {
-    TickTimers();
+    TickTimer();
     Draw();
     ConsoleInput input = console_.Wait(timers_.Wait(GetTickCount64()));
     if (input.kind != ConsoleInput::Kind::kNothing) return input;
@@ -109,9 +110,9 @@ void TerminalFrontEnd::LetTimePass(std::uint32_t milliseconds) {
   for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
     const int next_tick = timers_.Wait(now);
     ULONGLONG step = std::min(end - now, kSleepStep_ms);
-    if (next_tick > 0) step = std::min(step, static_cast<ULONGLONG>(next_tick));
+    if (next_tick >= 0) step = std::min(step, static_cast<ULONGLONG>(next_tick));
     Sleep(static_cast<DWORD>(step));
-    TickTimers();
+    TickTimer();
     Pulse();
   }
 }
@@ -205,6 +206,7 @@ void TerminalFrontEnd::Show(Form& form) {
                    [&form](const Desk::ShownForm& entry) { return entry.form == &form; });
   if (shown == desk_.forms.end()) {
     desk_.forms.push_back({.form = &form, .command = running_command_});
+    timers_.Add(form);
     form.Load();
     for (Desk::ShownForm& entry : desk_.forms) {
       if (entry.form == &form) entry.loaded = true;
@@ -224,6 +226,7 @@ void TerminalFrontEnd::Unload(Form& form) {
 }
 
 void TerminalFrontEnd::TakeOff(const Form& form) {
+  timers_.Remove(form);
   std::erase_if(desk_.forms, [&form](const Desk::ShownForm& entry) { return entry.form == &form; });
 }
 

@@ -14,8 +14,8 @@
 #include "desktop/terminal/commands.h"
 #include "desktop/terminal/console.h"
 #include "desktop/terminal/desk.h"
-#include "desktop/terminal/due_timers.h"
 #include "desktop/terminal/styled_line.h"
+#include "toolkit/due_timers.h"
 #include "toolkit/front_end.h"
 
 namespace tidemark {
@@ -59,8 +59,8 @@ class TerminalFrontEnd : public FrontEnd {
   // Whether the running command has opened a dialog that has to be answered before it goes on.
   bool AwaitsAnswer() const;
 
-  // Raises the ticks that are due; their handlers run as commands do.
-  void TickTimers();
+  // Raises the tick that is due; its handler runs as a command does.
+  void TickTimer();
   // The next input; the page is kept up to date and timers tick until it comes.
   ConsoleInput WaitForInput();
   // As a procedure that sleeps and yields.

@@ -60,7 +60,7 @@ const char* FormClass(WNDPROC procedure) {
 }  // namespace
 
 FormWindow::FormWindow(Form& form, FormHost& host, const std::string& program_folder, HWND beside)
-    : form_(form), host_(host), resources_(program_folder), timers_(form) {
+    : form_(form), host_(host), resources_(program_folder) {
   const FrameStyle style = StyleOf(form_);
   const bool is_owned = form_.Frame() == FormFrame::kDialog && beside != nullptr &&
                         IsWindowVisible(beside) != FALSE && IsIconic(beside) == FALSE;

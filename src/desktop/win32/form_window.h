@@ -7,7 +7,6 @@
 
 #include "desktop/win32/form_keyboard.h"
 #include "desktop/win32/form_peers.h"
-#include "desktop/win32/form_timers.h"
 #include "desktop/win32/resources.h"
 #include "desktop/win32/task_bar_button.h"
 #include "platform/winapi.h"
@@ -39,7 +38,6 @@ class FormWindow {
   HWND Window() const { return window_; }
   const Form& GetForm() const { return form_; }
   Resources& GetResources() { return resources_; }
-  FormTimers& Timers() { return timers_; }
 
   // Makes the peers of the controls; after the form's Load event.
   void MakePeers();
@@ -74,7 +72,6 @@ class FormWindow {
   Form& form_;
   FormHost& host_;
   Resources resources_;
-  FormTimers timers_;
   HWND window_ = nullptr;
   std::unique_ptr<FormPeers> peers_;
   std::unique_ptr<FormKeyboard> keyboard_;

@@ -1,6 +1,5 @@
 // The message loop of the front end: yields, timers, repaints.
 #include <algorithm>
-#include <optional>
 
 #include "desktop/win32/guarded.h"
 #include "desktop/win32/win32_front_end.h"
@@ -48,7 +47,7 @@ void Win32FrontEnd::Pump() {
     Handle(message);
     RethrowKept();
   }
-  RunTimers();
+  RunTimer();
   last_pump_ms_ = GetTickCount64();
   yields_ = 0;
   QueryPerformanceCounter(&first_yield_);
@@ -62,20 +61,15 @@ void Win32FrontEnd::Handle(const MSG& message) {
   DispatchMessageA(&message);
 }
 
-// A tick may close any form.
-bool Win32FrontEnd::RunTimers() {
-  bool ticked = false;
-  for (std::size_t index = 0; index < windows_.size(); ++index) {
-    Timer* timer = windows_[index]->Timers().TakeDue(GetTickCount64());
-    if (timer == nullptr) continue;
-    timer->Tick();
-    ticked = true;
-  }
-  return ticked;
+bool Win32FrontEnd::RunTimer() {
+  Timer* const timer = timers_.TakeDue(GetTickCount64());
+  if (timer == nullptr) return false;
+  timer->Tick();
+  return true;
 }
 
-void Win32FrontEnd::RunTimersModally() {
-  if (RunTimers()) Refresh();
+void Win32FrontEnd::RunTimerModally() {
+  if (RunTimer()) Refresh();
 }
 
 void Win32FrontEnd::Refresh() {
@@ -83,15 +77,10 @@ void Win32FrontEnd::Refresh() {
   last_refresh_ms_ = GetTickCount64();
 }
 
-void Win32FrontEnd::WaitForInput(ULONGLONG longest_ms) const {
-  const ULONGLONG now = GetTickCount64();
-  ULONGLONG wait = longest_ms;
-  for (const auto& window : windows_) {
-    if (const std::optional<ULONGLONG> due = window->Timers().NextDue(now)) {
-      wait = std::min(wait, *due > now ? *due - now : 0);
-    }
-  }
-  MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(wait), QS_ALLINPUT,
+// When no timer runs, -1 is INFINITE.
+void Win32FrontEnd::WaitForInput(DWORD longest_ms) {
+  const auto next_tick = static_cast<DWORD>(timers_.Wait(GetTickCount64()));
+  MsgWaitForMultipleObjectsEx(0, nullptr, std::min(longest_ms, next_tick), QS_ALLINPUT,
                               MWMO_INPUTAVAILABLE);
 }
 

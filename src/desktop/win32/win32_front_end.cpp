@@ -44,6 +44,7 @@ int Win32FrontEnd::Run(const std::function<void()>& program_entry) {
   // A window goes before the one that owns it.
   while (!windows_.empty()) windows_.pop_back();
   closed_.clear();
+  timers_ = {};
   return 0;
 }
 
@@ -68,6 +69,7 @@ void Win32FrontEnd::Show(Form& form) {
     const HWND beside = windows_.empty() ? nullptr : windows_.front()->Window();
     FormHost& host = *this;
     windows_.push_back(std::make_unique<FormWindow>(form, host, program_folder_, beside));
+    timers_.Add(form);
     form.Load();
   }
   FormWindow* window = Find(form);
@@ -86,6 +88,7 @@ void Win32FrontEnd::Unload(Form& form) {
   window->closing = true;
   form.SetVisible(false);
   window->Refresh();
+  timers_.Remove(form);
   form.Unload();
   // From here on the form may be gone.
   const auto place = std::find_if(windows_.begin(), windows_.end(),
@@ -142,7 +145,7 @@ HWND Win32FrontEnd::Owner() const {
 template <class Box>
 auto Win32FrontEnd::Modally(Box box) {
   Refresh();
-  const ModalTimer timer([this] { RunTimersModally(); });
+  const ModalTimer timer([this] { RunTimerModally(); });
   const auto answer = box(Owner());
   last_pump_ms_ = 0;
   RethrowKept();
@@ -178,7 +181,7 @@ void Win32FrontEnd::PopupMenu(Menu& menu) {
   while (form->Container() != nullptr) form = form->Container();
   const auto* owner = dynamic_cast<const Form*>(form);
   Refresh();
-  const ModalTimer timer([this] { RunTimersModally(); });
+  const ModalTimer timer([this] { RunTimerModally(); });
   PopUp(owner == nullptr ? Owner() : WindowHandle(*owner), menu);
   last_pump_ms_ = 0;
   RethrowKept();

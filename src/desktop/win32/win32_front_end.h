@@ -14,6 +14,7 @@
 #include "desktop/win32/form_window.h"
 #include "desktop/win32/notification_area.h"
 #include "platform/winapi.h"
+#include "toolkit/due_timers.h"
 #include "toolkit/front_end.h"
 
 namespace tidemark {
@@ -56,17 +57,17 @@ class Win32FrontEnd : public FrontEnd, private FormHost {
   // Where modal boxes belong: the active window, or the first that can be seen; null for none.
   HWND Owner() const;
 
-  // One round: messages, timers that are due, and a refresh when the last one is a while ago.
+  // One round: messages, the timer that is due, and a refresh when the last one is a while ago.
   void Pump();
   void Handle(const MSG& message);
   // True when one has ticked.
-  bool RunTimers();
+  bool RunTimer();
   // The same within the loop of a box or menu of the platform.
-  void RunTimersModally();
+  void RunTimerModally();
   void Refresh();
   // Whether whoever yields does nothing between two yields.
   bool OnlyWaits();
-  void WaitForInput(ULONGLONG longest_ms) const;
+  void WaitForInput(DWORD longest_ms);
   void IdleLoop();
   // Before and behind a modal box, whose own loop shows nothing new.
   template <class Box>
@@ -75,6 +76,7 @@ class Win32FrontEnd : public FrontEnd, private FormHost {
   std::string program_folder_;
   std::vector<std::unique_ptr<FormWindow>> windows_;  // in the order they were shown first
   std::vector<std::unique_ptr<FormWindow>> closed_;
+  DueTimers timers_;
   NotificationArea notification_area_;
   std::vector<UniqueIcon> icons_;  // whose handles were given away
   MousePointer pointer_ = MousePointer::kDefault;
