@@ -52,4 +52,18 @@ bool LiesOutside(const Control& control) {
   return width * 4 < place.width || height * 4 < place.height;
 }
 
+bool CanBeSeen(const Control& control) {
+  for (const Control* level = &control; level != nullptr; level = level->Container()) {
+    if (!level->Visible() || LiesOutside(*level)) return false;
+  }
+  return !IsCovered(control);
+}
+
+bool CanBeReached(const Control& control) {
+  for (const Control* level = &control; level != nullptr; level = level->Container()) {
+    if (!level->Enabled()) return false;
+  }
+  return CanBeSeen(control);
+}
+
 }  // namespace tidemark

@@ -13,4 +13,9 @@ bool IsCovered(const Control& control);
 // One without a size lies nowhere else.
 bool LiesOutside(const Control& control);
 
+// Whether a person who looks at the window can see the control.
+bool CanBeSeen(const Control& control);
+// The same, and it and all that holds it are enabled.
+bool CanBeReached(const Control& control);
+
 }  // namespace tidemark

@@ -3,8 +3,8 @@
 #include <charconv>
 
 #include "desktop/terminal/display_text.h"
-#include "desktop/terminal/reading_order.h"
 #include "platform/letter_case.h"
+#include "toolkit/covering.h"
 
 namespace tidemark {
 namespace {
@@ -57,7 +57,7 @@ Control& Reachable(std::string_view name, const Context& context) {
   if (window != nullptr && window->State() == WindowState::kMinimized) {
     Refuse(control.Name() + " is not shown: the window is minimised");
   }
-  if (!control.Enabled()) Refuse(control.Name() + " is disabled");
+  if (!CanBeReached(control)) Refuse(control.Name() + " is disabled");
   return control;
 }
 

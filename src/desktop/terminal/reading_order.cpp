@@ -86,14 +86,6 @@ std::vector<Control*> InReadingOrder(const Control& container) {
   return order;
 }
 
-bool CanBeSeen(const Control& control) {
-  if (IsCovered(control)) return false;
-  for (const Control* outer = &control; outer != nullptr; outer = outer->Container()) {
-    if (!outer->Visible() || LiesOutside(*outer)) return false;
-  }
-  return true;
-}
-
 bool IsSameLine(const Control& left, const Control& right) {
   if (!HasPlace(left) || !HasPlace(right)) return false;
   const auto middle_is_beside = [](const Bounds& a, const Bounds& b) {

@@ -13,9 +13,6 @@ namespace tidemark {
 // list or a panel.
 std::vector<Control*> InReadingOrder(const Control& container);
 
-// Whether the control is none of those left out, and none of its containers is.
-bool CanBeSeen(const Control& control);
-
 // Whether two controls stand in one line of a page: neither is much higher than the other, and each
 // one's middle lies beside the other.
 bool IsSameLine(const Control& left, const Control& right);

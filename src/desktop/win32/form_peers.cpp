@@ -49,8 +49,8 @@ void FormPeers::Grow(Node& node, Resources& resources, HWND window) {
 template <class Act>
 void FormPeers::ForAll(Node& node, Act act) {
   for (Node& inner : node.inner) {
-    ForAll(inner, act);
     act(*inner.peer);
+    ForAll(inner, act);
   }
 }
 
@@ -102,25 +102,14 @@ void FormPeers::RefreshOrder(Node& node) {
 }
 
 bool FormPeers::IsReachable(const Peer& peer) {
-  if (!peer.TakesFocus() || IsCovered(peer.GetControl())) return false;
-  for (const Control* control = &peer.GetControl(); control != nullptr;
-       control = control->Container()) {
-    if (!control->Visible() || !control->Enabled() || LiesOutside(*control)) return false;
-  }
-  return true;
-}
-
-void FormPeers::AddReachable(const Node& node, std::vector<Peer*>& peers) {
-  for (const Node& inner : node.inner) {
-    if (!inner.peer->IsInSight() || !inner.control->Enabled()) continue;
-    if (inner.peer->TakesFocus() && !IsCovered(*inner.control)) peers.push_back(inner.peer.get());
-    AddReachable(inner, peers);
-  }
+  return peer.TakesFocus() && CanBeReached(peer.GetControl());
 }
 
 std::vector<Peer*> FormPeers::Reachable() const {
   std::vector<Peer*> peers;
-  AddReachable(*root_, peers);
+  ForAll(*root_, [&peers](Peer& peer) {
+    if (IsReachable(peer)) peers.push_back(&peer);
+  });
   std::stable_sort(peers.begin(), peers.end(), [](const Peer* left, const Peer* right) {
     return PlaceOnScreen(*left).top < PlaceOnScreen(*right).top;
   });

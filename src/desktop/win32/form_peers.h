@@ -37,7 +37,6 @@ class FormPeers {
   void Grow(Node& node, Resources& resources, HWND window);
   static void RefreshNode(Node& node);
   static void RefreshOrder(Node& node);
-  static void AddReachable(const Node& node, std::vector<Peer*>& peers);
   template <class Act>
   static void ForAll(Node& node, Act act);
 

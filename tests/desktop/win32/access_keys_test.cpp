@@ -48,6 +48,7 @@ std::string Clashes(frmMain& window) {
 TEST(AccessKeys, NoTwoControlsOfAPageShareOne) {
   DesktopPc on;
   frmMain& window = on.window;
+  window.form.SetVisible(true);
   for (Control* control : std::initializer_list<Control*>{&window.cmdStop, &window.cmdStopFix,
                                                           &window.cmdFinish, &window.cmdOptApply}) {
     control->SetVisible(true);

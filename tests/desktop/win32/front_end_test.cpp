@@ -175,6 +175,7 @@ TEST(FormPeers, TheKeyboardReachesWhatIsSeenInReadingOrder) {
   ListView selection(&panel, "selection");
   ListView status(&panel, "status");
   for (Control* list : {&selection, &status}) list->SetPlace({300, 1000, 900, 300});
+  form.SetVisible(true);
   form.Find("hidden")->SetVisible(false);
   form.Find("disabled")->SetEnabled(false);
   const HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 600, 600, nullptr, nullptr,
