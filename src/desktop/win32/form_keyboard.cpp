@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/win32/window_metrics.h"
 #include "platform/letter_case.h"
 #include "toolkit/access_key.h"
 #include "toolkit/option_button.h"
@@ -52,12 +53,6 @@ long long DistanceOf(const RECT& left, const RECT& right) {
   const long long across = std::max({0L, left.left - right.right, right.left - left.right});
   const long long down = std::max({0L, left.top - right.bottom, right.top - left.bottom});
   return across * across + down * down;
-}
-
-RECT PlaceOnScreen(HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  return place;
 }
 
 // Some controls want keys for themselves.

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "desktop/win32/peer_factory.h"
+#include "desktop/win32/window_metrics.h"
 #include "toolkit/covering.h"
 
 namespace tidemark {
@@ -11,12 +12,6 @@ namespace {
 
 // Tops that differ by less stand on one line.
 constexpr int kSameLine_px = 10;
-
-RECT PlaceOnScreen(const Peer& peer) {
-  RECT place{};
-  GetWindowRect(peer.Window(), &place);
-  return place;
-}
 
 }  // namespace
 
@@ -111,15 +106,15 @@ std::vector<Peer*> FormPeers::Reachable() const {
     if (IsReachable(peer)) peers.push_back(&peer);
   });
   std::stable_sort(peers.begin(), peers.end(), [](const Peer* left, const Peer* right) {
-    return PlaceOnScreen(*left).top < PlaceOnScreen(*right).top;
+    return PlaceOnScreen(left->Window()).top < PlaceOnScreen(right->Window()).top;
   });
   for (auto line = peers.begin(); line != peers.end();) {
-    const LONG top = PlaceOnScreen(**line).top;
+    const LONG top = PlaceOnScreen((*line)->Window()).top;
     const auto end = std::find_if(line, peers.end(), [top](const Peer* peer) {
-      return PlaceOnScreen(*peer).top >= top + kSameLine_px;
+      return PlaceOnScreen(peer->Window()).top >= top + kSameLine_px;
     });
     std::stable_sort(line, end, [](const Peer* left, const Peer* right) {
-      return PlaceOnScreen(*left).left < PlaceOnScreen(*right).left;
+      return PlaceOnScreen(left->Window()).left < PlaceOnScreen(right->Window()).left;
     });
     line = end;
   }

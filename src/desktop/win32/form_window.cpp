@@ -77,10 +77,8 @@ FormWindow::FormWindow(Form& form, FormHost& host, const std::string& program_fo
 FormWindow::~FormWindow() { Close(); }
 
 void FormWindow::Place(HWND owner) {
-  RECT area = WorkAreaOf(owner);
-  if (owner != nullptr) GetWindowRect(owner, &area);
   const SIZE size = OuterSize();
-  const POINT corner = MiddleOf(area, size);
+  const POINT corner = MiddleOf(owner == nullptr ? WorkAreaOf(owner) : PlaceOnScreen(owner), size);
   SetWindowPos(window_, nullptr, corner.x, corner.y, size.cx, size.cy,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }

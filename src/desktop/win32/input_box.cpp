@@ -5,6 +5,7 @@
 
 #include "desktop/win32/gdi_objects.h"
 #include "desktop/win32/late_call.h"
+#include "desktop/win32/window_metrics.h"
 #include "platform/windows/wide_text.h"
 
 namespace tidemark {
@@ -165,34 +166,22 @@ void InputBox::Make(const wchar_t* window_class, const wchar_t* text, DWORD styl
 // Makes the box as large as its contents, and puts it over the middle of a window, or of the
 // display where that can't be seen.
 void InputBox::LayOut(HWND over) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(over, MONITOR_DEFAULTTOPRIMARY), &monitor);
-  const RECT& area = monitor.rcWork;
-
   const HFONT font = resources_.FontOf({});
   for (const int id : {kPromptId, kEditId, IDOK, IDCANCEL}) {
     SendDlgItemMessageW(window_, id, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
   }
-  const int client_height = PlaceControls(PromptHeight(area));
+  const int client_height = PlaceControls(PromptHeight(WorkAreaOf(over)));
 
-  RECT window{};
+  const RECT window = PlaceOnScreen(window_);
   RECT client{};
-  GetWindowRect(window_, &window);
   GetClientRect(window_, &client);
-  const int width =
-      resources_.Scaled(kContentWidth + 2 * kMargin) + (window.right - window.left) - client.right;
-  const int height = client_height + (window.bottom - window.top) - client.bottom;
-
-  RECT middle = area;
-  if (IsWindowVisible(over) != FALSE && IsIconic(over) == FALSE) GetWindowRect(over, &middle);
-  const int left = (middle.left + middle.right - width) / 2;
-  const int top = (middle.top + middle.bottom - height) / 2;
-  const auto within = [](int wanted, int first, int last) {
-    return std::max(first, std::min(wanted, last));
-  };
-  SetWindowPos(window_, nullptr, within(left, area.left, area.right - width),
-               within(top, area.top, area.bottom - height), width, height,
+  const int frame_width = window.right - window.left - client.right;
+  const int frame_height = window.bottom - window.top - client.bottom;
+  const SIZE size{resources_.Scaled(kContentWidth + 2 * kMargin) + frame_width,
+                  client_height + frame_height};
+  const bool is_seen = IsWindowVisible(over) != FALSE && IsIconic(over) == FALSE;
+  const POINT corner = MiddleOf(is_seen ? PlaceOnScreen(over) : WorkAreaOf(over), size);
+  SetWindowPos(window_, nullptr, corner.x, corner.y, size.cx, size.cy,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -6,6 +6,12 @@
 
 namespace tidemark {
 
+RECT PlaceOnScreen(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return place;
+}
+
 int DotsPerInchOf(HWND window) {
   static const auto dpi_for_window = LateCall<UINT(WINAPI*)(HWND)>("user32.dll", "GetDpiForWindow");
   if (dpi_for_window != nullptr) {

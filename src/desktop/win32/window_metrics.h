@@ -1,10 +1,12 @@
-// The measures of top-level windows at a number of dots per inch, on systems old and new.
+// Where windows stand, and the measures of top-level ones at a number of dots per inch, on systems
+// old and new.
 #pragma once
 
 #include "platform/winapi.h"
 
 namespace tidemark {
 
+RECT PlaceOnScreen(HWND window);
 int DotsPerInchOf(HWND window);
 // The size of a window with that client area, frame and caption included.
 SIZE OuterSizeOf(SIZE client, DWORD style, DWORD extended_style, int dots_per_inch);
