@@ -1,5 +1,6 @@
 #include "desktop/win32/canvas_peer.h"
 
+#include "desktop/win32/gdi_objects.h"
 // It wants the platform's headers before it.
 #include <oleacc.h>
 
@@ -31,13 +32,7 @@ void CanvasPeer::Forget() {
 void CanvasPeer::PaintOn(HDC context, const RECT& /*area*/) {
   const Canvas& painting = canvas_control_.Painting();
   if (painting.Width() == 0 || painting.Height() == 0) return;
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof(info.bmiHeader);
-  info.bmiHeader.biWidth = painting.Width();
-  info.bmiHeader.biHeight = -painting.Height();  // the top row comes first
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  info.bmiHeader.biCompression = BI_RGB;
+  const BITMAPINFO info = CanvasFormat(painting.Width(), painting.Height());
   SetDIBitsToDevice(
       context, 0, 0, static_cast<DWORD>(painting.Width()), static_cast<DWORD>(painting.Height()), 0,
       0, 0, static_cast<UINT>(painting.Height()), painting.Pixels().data(), &info, DIB_RGB_COLORS);

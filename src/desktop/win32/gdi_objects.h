@@ -1,4 +1,4 @@
-// Owners for what GDI hands out.
+// Owners for what GDI hands out, and the format in which it takes pixels.
 #pragma once
 
 #include "platform/unique_handle.h"
@@ -23,6 +23,18 @@ struct MemoryContextPolicy {
   static void Close(Handle handle) { DeleteDC(handle); }
 };
 using UniqueMemoryContext = UniqueHandle<MemoryContextPolicy>;
+
+// A canvas's pixels: 32 bits each, the top row first.
+inline BITMAPINFO CanvasFormat(int width, int height) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(info.bmiHeader);
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = -height;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  return info;
+}
 
 // Selects an object into a context, and the former one again at the end.
 class Selection {

@@ -11,12 +11,7 @@ namespace {
 // A block of pixels of the canvas's own kind on which the platform can paint.
 struct PixelBlock {
   PixelBlock(HDC context, int width, int height) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;  // top row first
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
+    const BITMAPINFO info = CanvasFormat(width, height);
     void* memory = nullptr;
     bitmap.Reset(CreateDIBSection(context, &info, DIB_RGB_COLORS, &memory, nullptr, 0));
     pixels = static_cast<Pixel*>(memory);
