@@ -3,14 +3,14 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <utility>
 
-#include "desktop/terminal/console.h"
+#include "desktop/terminal/console_parts.h"
 
 namespace tidemark {
 namespace {
@@ -37,18 +37,13 @@ void WriteAll(int file, std::string_view text) {
   }
 }
 
-bool IsSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value != nullptr && *value != '\0';
-}
-
 class PosixConsole : public Console {
  public:
   PosixConsole() {
     const char* terminal = std::getenv("TERM");
     const bool dumb = terminal == nullptr || std::string_view(terminal) == "dumb";
     interactive_ = isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1 && !dumb;
-    color_ = interactive_ && !IsSet("NO_COLOR");
+    color_ = interactive_ && ColorIsWanted();
     if (pipe2(wake_pipe.data(), O_NONBLOCK | O_CLOEXEC) != 0) return;
     struct sigaction action = {};
     action.sa_handler = OnSignal;
@@ -78,13 +73,7 @@ class PosixConsole : public Console {
         return {.kind = ConsoleInput::Kind::kClose, .line = {}};
       }
       if (resized.exchange(false)) return {.kind = ConsoleInput::Kind::kResized, .line = {}};
-      if (const std::size_t end = pending_.find('\n'); end != std::string::npos) {
-        return TakeLine(end, end + 1);
-      }
-      if (ended_) {
-        if (!pending_.empty()) return TakeLine(pending_.size(), pending_.size());
-        return {.kind = ConsoleInput::Kind::kEnd, .line = {}};
-      }
+      if (auto input = lines_.Take()) return std::move(*input);
       if (!ReadMore(timeout_ms)) return {};
     }
   }
@@ -94,13 +83,6 @@ class PosixConsole : public Console {
   void WriteError(std::string_view text) override { WriteAll(STDERR_FILENO, text); }
 
  private:
-  ConsoleInput TakeLine(std::size_t end, std::size_t next) {
-    ConsoleInput input{.kind = ConsoleInput::Kind::kLine, .line = pending_.substr(0, end)};
-    pending_.erase(0, next);
-    if (!input.line.empty() && input.line.back() == '\r') input.line.pop_back();
-    return input;
-  }
-
   // False when the time ran out.
   bool ReadMore(int timeout_ms) {
     std::array<pollfd, 2> files = {{{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
@@ -114,16 +96,15 @@ class PosixConsole : public Console {
       }
     } else {
       const ssize_t count = read(STDIN_FILENO, buffer.data(), buffer.size());
-      if (count > 0) pending_.append(buffer.data(), static_cast<std::size_t>(count));
-      ended_ = count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN);
+      if (count > 0) lines_.Append({buffer.data(), static_cast<std::size_t>(count)});
+      if (count == 0 || (count < 0 && errno != EINTR && errno != EAGAIN)) lines_.End();
     }
     return true;
   }
 
   bool interactive_ = false;
   bool color_ = false;
-  bool ended_ = false;
-  std::string pending_;
+  LineBuffer lines_;
 };
 
 }  // namespace

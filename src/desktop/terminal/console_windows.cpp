@@ -1,9 +1,9 @@
 #include <array>
 #include <atomic>
-#include <cstdlib>
+#include <utility>
 #include <vector>
 
-#include "desktop/terminal/console.h"
+#include "desktop/terminal/console_parts.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
@@ -25,11 +25,6 @@ void WriteAll(DWORD stream, std::string_view text) {
   }
 }
 
-bool IsSet(const char* variable) {
-  const char* value = std::getenv(variable);
-  return value != nullptr && *value != '\0';
-}
-
 class WindowsConsole : public Console {
  public:
   WindowsConsole()
@@ -38,7 +33,7 @@ class WindowsConsole : public Console {
     console_input_ = GetConsoleMode(input_, &mode) != 0;
     interactive_ = console_input_ && GetConsoleMode(output_, &mode) != 0 &&
                    SetConsoleMode(output_, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
-    color_ = interactive_ && !IsSet("NO_COLOR");
+    color_ = interactive_ && ColorIsWanted();
     SetConsoleOutputCP(CP_UTF8);
     SetConsoleCP(CP_UTF8);
     SetConsoleCtrlHandler(OnControl, TRUE);
@@ -57,13 +52,7 @@ class WindowsConsole : public Console {
   ConsoleInput Wait(int timeout_ms) override {
     while (true) {
       if (close_requested.exchange(false)) return {.kind = ConsoleInput::Kind::kClose, .line = {}};
-      if (const std::size_t end = pending_.find('\n'); end != std::string::npos) {
-        return TakeLine(end, end + 1);
-      }
-      if (ended_) {
-        if (!pending_.empty()) return TakeLine(pending_.size(), pending_.size());
-        return {.kind = ConsoleInput::Kind::kEnd, .line = {}};
-      }
+      if (auto input = lines_.Take()) return std::move(*input);
       if (timeout_ms >= 0 && !LineIsTyped()) {
         if (timeout_ms == 0) return {};
         Sleep(static_cast<DWORD>(timeout_ms));
@@ -79,13 +68,6 @@ class WindowsConsole : public Console {
   void WriteError(std::string_view text) override { WriteAll(STD_ERROR_HANDLE, text); }
 
  private:
-  ConsoleInput TakeLine(std::size_t end, std::size_t next) {
-    ConsoleInput input{.kind = ConsoleInput::Kind::kLine, .line = pending_.substr(0, end)};
-    pending_.erase(0, next);
-    if (!input.line.empty() && input.line.back() == '\r') input.line.pop_back();
-    return input;
-  }
-
   // A console is readable for every key; only a waiting Enter means that a read would not block.
   bool LineIsTyped() const {
     DWORD count = 0;
@@ -109,13 +91,13 @@ class WindowsConsole : public Console {
     DWORD count = 0;
     SetLastError(ERROR_SUCCESS);
     const BOOL done = ReadFile(input_, buffer.data(), buffer.size(), &count, nullptr);
-    pending_.append(buffer.data(), count);
+    lines_.Append({buffer.data(), count});
     // Ctrl+C ends the read with nothing; its handler runs on a thread of its own and may come
     // later.
     const bool interrupted = console_input_ && GetLastError() == ERROR_OPERATION_ABORTED;
     if (interrupted) Sleep(10);
-    ended_ = count == 0 && !interrupted && !CloseRequested();
-    if (done == 0 && !interrupted) ended_ = true;
+    const bool ended = done == 0 || (count == 0 && !CloseRequested());
+    if (ended && !interrupted) lines_.End();
   }
 
   HANDLE input_;
@@ -123,8 +105,7 @@ class WindowsConsole : public Console {
   bool console_input_ = false;
   bool interactive_ = false;
   bool color_ = false;
-  bool ended_ = false;
-  std::string pending_;
+  LineBuffer lines_;
 };
 
 }  // namespace
