@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "toolkit/control.h"
+#include "toolkit/picture.h"
 
 namespace tidemark {
 
@@ -74,14 +75,14 @@ class ImageBox : public ClickControl {
  public:
   using ClickControl::ClickControl;
   // The picture that is shown; empty before the first one is loaded.
-  const std::string& PictureFile() const { return picture_file_; }
+  const std::string& PictureFile() const { return picture_.File(); }
   // Loads another picture. A file that is missing leaves the old picture.
-  void LoadPicture(const std::string& file);
+  void LoadPicture(const std::string& file) { picture_.Load(file); }
   // The picture that the control has by design; it need not be there.
-  void SetPictureFile(std::string file) { picture_file_ = std::move(file); }
+  void SetPictureFile(std::string file) { picture_.SetFile(std::move(file)); }
 
  private:
-  std::string picture_file_;
+  Picture picture_;
 };
 
 // A picture box as a container of controls: a panel.

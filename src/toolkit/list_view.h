@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "toolkit/control.h"
+#include "toolkit/picture.h"
 
 namespace tidemark {
 
@@ -61,8 +62,8 @@ class ListView : public Control {
   std::vector<std::string> small_icons;
 
   // The picture behind the rows; empty for none. A file that is missing leaves the old picture.
-  const std::string& PictureFile() const { return picture_file_; }
-  void LoadPicture(const std::string& file);
+  const std::string& PictureFile() const { return picture_.File(); }
+  void LoadPicture(const std::string& file) { picture_.Load(file); }
   // Where the picture lies, by the platform's numbers: 0 top left, 5 tiled.
   int PictureAlignment() const { return picture_alignment_; }
   void SetPictureAlignment(int alignment) { picture_alignment_ = alignment; }
@@ -139,7 +140,7 @@ class ListView : public Control {
   std::vector<Slot> index_;
   ListItem* selected_ = nullptr;
   ListItem* ensure_visible_ = nullptr;
-  std::string picture_file_;
+  Picture picture_;
   int picture_alignment_ = 0;
   unsigned times_cleared_ = 0;
   int sort_key_ = 0;

@@ -5,7 +5,7 @@
 namespace tidemark {
 namespace {
 
-UINT Picture(MessageIcon icon) {
+UINT IconFlag(MessageIcon icon) {
   switch (icon) {
     case MessageIcon::kInformation:
       return MB_ICONINFORMATION;
@@ -25,7 +25,7 @@ bool ShowMessageBox(HWND owner, std::string_view text, std::string_view title, M
                     bool yes_no) {
   const UINT buttons = yes_no ? MB_YESNO : MB_OK;
   const int answer = MessageBoxA(owner, std::string(text).c_str(), std::string(title).c_str(),
-                                 buttons | Picture(icon));
+                                 buttons | IconFlag(icon));
   return answer == IDYES || answer == IDOK;
 }
 
