@@ -44,14 +44,4 @@ Control& Named(std::string_view name, const Context& context);
 // its window is minimised.
 Control& Reachable(std::string_view name, const Context& context);
 
-// The commands that act on the rows of lists and trees, list_commands.cpp.
-CommandResult Tick(Arguments arguments, const Context& context);
-CommandResult Untick(Arguments arguments, const Context& context);
-CommandResult Select(Arguments arguments, const Context& context);
-CommandResult Open(Arguments arguments, const Context& context);
-CommandResult ContextMenu(Arguments arguments, const Context& context);
-CommandResult Press(Arguments arguments, const Context& context);
-CommandResult Scroll(Arguments arguments, const Context& context);
-CommandResult Show(Arguments arguments, const Context& context);
-
 }  // namespace tidemark

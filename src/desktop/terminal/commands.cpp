@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "desktop/terminal/command_words.h"
+#include "desktop/terminal/list_commands.h"
 #include "toolkit/text_box.h"
 
 namespace tidemark {

@@ -1,10 +1,10 @@
-// The commands on the rows of lists and trees.
+#include "desktop/terminal/list_commands.h"
+
 #include <algorithm>
 #include <limits>
 #include <memory>
 #include <vector>
 
-#include "desktop/terminal/command_words.h"
 #include "desktop/terminal/display_text.h"
 #include "desktop/terminal/rows.h"
 #include "desktop/terminal/sketch.h"
