@@ -1,6 +1,7 @@
 #include "controls/xpcmdbutton.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "toolkit/bitmap_file.h"

@@ -1,7 +1,6 @@
 // A picture in memory, with transparency: what is read from a picture file and painted on a Canvas.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 

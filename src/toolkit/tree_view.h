@@ -4,7 +4,6 @@
 
 #include <deque>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "toolkit/control.h"

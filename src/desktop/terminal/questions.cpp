@@ -1,8 +1,8 @@
 // What the terminal front end asks and tells in a box in front of all windows. The answer is the
 // next line of the input. Time goes on meanwhile: timers tick.
-#include <algorithm>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "desktop/terminal/command_words.h"
 #include "desktop/terminal/display_text.h"

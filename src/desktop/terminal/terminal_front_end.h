@@ -9,7 +9,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "desktop/terminal/commands.h"
 #include "desktop/terminal/console.h"

@@ -1,7 +1,6 @@
 #include "desktop/win32/resources.h"
 
-#include <algorithm>
-#include <array>
+#include <map>
 #include <tuple>
 #include <utility>
 

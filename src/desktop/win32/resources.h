@@ -2,7 +2,6 @@
 // made for them, and whether the focus is shown.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
