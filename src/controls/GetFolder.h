@@ -41,7 +41,7 @@ class GetFolder : public Control {
   const tidemark::Text& Text() const { return txtFolder.Text(); }
   void SetText(tidemark::Text text) { txtFolder.SetText(std::move(text)); }
 
-  // Counts up; a front end that has shown another count paints the control again.
+  // Counts how often it was asked for; front ends see by themselves what has changed.
   void Refresh() { ++refreshes_; }
   int Refreshes() const { return refreshes_; }
 
@@ -49,9 +49,10 @@ class GetFolder : public Control {
   void cmdBrowse_Click();
   // Alt and the down arrow, wherever in the control, act as the button.
   void UserKeyDown(int key_code, int shift);
-  // The control becomes visible to a person: its text box takes over its tool tip.
+  // For a window that shows the control, when it becomes visible to a person: its text box takes
+  // over its tool tip. The main window keeps it hidden and calls neither this nor Resize.
   void UserShow();
-  // Lays the two controls out in the control's place; called after each SetPlace.
+  // Likewise, when its place has changed: lays the two controls out in it.
   void Resize();
 
   // The line that is painted between text box and button, in twips inside the control, and its

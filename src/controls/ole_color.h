@@ -1,5 +1,5 @@
 // Colours as the design data of forms writes them: 0x00BBGGRR, or 0x80000000 plus the number of a
-// system colour. Self-drawn controls and the front ends turn them into plain ones here.
+// system colour. Self-drawn controls turn them into plain ones here; front ends ask the system.
 #pragma once
 
 #include "toolkit/canvas.h"
