@@ -1,4 +1,5 @@
-# Fails when a file includes upward across the floors, or names windows.h where it has no business.
+# Fails when a file includes upward across the floors or what is made for one system alone, or names
+# windows.h or _WIN32 where it has no business.
 #   cmake -DSOURCE=$PWD/src -P check_includes.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -16,14 +17,29 @@ endforeach()
 set(shell ${scan} scan repair shortcuts startup junk)
 set(desktop ${shell} shell)
 
+# What stands for one system or one front end, and who alone may include it.
+set(platform/hosted_users platform/|main_hosted)
+set(platform/windows_users platform/|desktop/win32/)
+set(desktop/terminal_users desktop/terminal/|main_)
+set(desktop/win32_users desktop/win32/|main_)
+
 set(faults)
 file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/*.h ${SOURCE}/*.cpp)
 foreach(file IN LISTS files)
   string(REGEX MATCH "^[^/]+" folder ${file})
-  file(STRINGS ${SOURCE}/${file} lines REGEX "^[ \t]*#[ \t]*include")
+  file(STRINGS ${SOURCE}/${file} lines REGEX "^[ \t]*#[ \t]*(include|.*_WIN32)")
   foreach(line IN LISTS lines)
     if(line MATCHES "[<\"]windows.h[>\"]" AND NOT file MATCHES "^(platform|desktop/win32)/")
       list(APPEND faults "${file}: windows.h stands in platform/ and desktop/win32/ alone")
+    endif()
+    if(line MATCHES "_WIN32" AND NOT file MATCHES "^(platform/|main_)")
+      list(APPEND faults "${file}: _WIN32 stands in platform/ and the main files alone")
+    endif()
+    if(line MATCHES "\"([^/\"]+/[^/\"]+)/")
+      set(part ${CMAKE_MATCH_1})
+      if(DEFINED ${part}_users AND NOT file MATCHES "^(${${part}_users})")
+        list(APPEND faults "${file}: includes from ${part}/, which is not for it")
+      endif()
     endif()
     if(file MATCHES "/" AND line MATCHES "\"([^/\"]+)/[^\"]*\"")
       set(included ${CMAKE_MATCH_1})
