@@ -210,6 +210,9 @@ TEST_F(ListPeers, ATreeShowsTicksAndTakesThem) {
   Press(window, WM_LBUTTONDOWN, MAKELPARAM(label.left - 8, (label.top + label.bottom) / 2));
   Pump();
   EXPECT_EQ(TakeLog(), "tick D");
+  tree_peer_.Forget();
+  Pump();
+  EXPECT_EQ(TreeView_GetCheckState(window, first), 0U);
   EXPECT_EQ(TreeView_GetCheckState(window, second), 1U);
   tree_.Clear();
   Pump();

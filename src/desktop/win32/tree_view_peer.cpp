@@ -14,9 +14,6 @@ constexpr UINT kCheckNode = WM_APP + 0x40;
 constexpr int kRowHeightAt96 = 20;
 constexpr LPARAM kRepeated = LPARAM{1} << 30;  // in WM_KEYDOWN: the key has been down before
 
-// Pictures of the platform's check boxes: 1 is clear, 2 ticked.
-UINT StateOf(bool checked) { return INDEXTOSTATEIMAGEMASK(checked ? 2U : 1U); }
-
 }  // namespace
 
 TreeViewPeer::TreeViewPeer(TreeView& tree, Resources& resources, HWND parent)
@@ -49,13 +46,27 @@ void TreeViewPeer::ShowStyle() {
   if (style_shown_ && images_ == tree_.images) return;
   images_ = tree_.images;
   style_shown_ = true;
-  // A window that is made with this style may show the first ticks it is given as clear.
-  if (tree_.check_boxes) {
-    SetWindowLongPtrW(window_, GWL_STYLE, GetWindowLongPtrW(window_, GWL_STYLE) | TVS_CHECKBOXES);
-  }
   TreeView_SetImageList(window_, images_.empty() ? nullptr : resources_.IconsOf(images_),
                         TVSIL_NORMAL);
+  if (tree_.check_boxes) MakeCheckBoxes();
   TreeView_SetItemHeight(window_, resources_.Scaled(kRowHeightAt96));
+}
+
+// The platform draws them, in the size of the icons, when the window gets the style; all nodes are
+// clear then. A window that is made with it may show the first ticks it is given as clear.
+void TreeViewPeer::MakeCheckBoxes() {
+  const HIMAGELIST former = TreeView_SetImageList(window_, nullptr, TVSIL_STATE);
+  if (former != nullptr) ImageList_Destroy(former);
+  const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE) & ~LONG_PTR{TVS_CHECKBOXES};
+  SetWindowLongPtrW(window_, GWL_STYLE, style);
+  SetWindowLongPtrW(window_, GWL_STYLE, style | TVS_CHECKBOXES);
+  for (const ShownNode& shown : nodes_) ShowTick(shown);
+}
+
+// Of the platform's pictures 1 is clear, 2 ticked.
+void TreeViewPeer::ShowTick(const ShownNode& shown) {
+  TreeView_SetItemState(window_, shown.item, INDEXTOSTATEIMAGEMASK(shown.checked ? 2U : 1U),
+                        TVIS_STATEIMAGEMASK);
 }
 
 void TreeViewPeer::ShowNodes() {
@@ -71,7 +82,7 @@ void TreeViewPeer::ShowNodes() {
     ShownNode& shown = nodes_[static_cast<std::size_t>(number) - 1];
     if (shown.checked == node.Checked()) continue;
     shown.checked = node.Checked();
-    TreeView_SetItemState(window_, shown.item, StateOf(shown.checked), TVIS_STATEIMAGEMASK);
+    ShowTick(shown);
   }
 }
 
@@ -88,9 +99,7 @@ void TreeViewPeer::AddNode(const TreeNode& node) {
   ShownNode shown;
   shown.item = reinterpret_cast<HTREEITEM>(  // NOLINT(performance-no-int-to-ptr)
       SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
-  if (tree_.check_boxes) {
-    TreeView_SetItemState(window_, shown.item, StateOf(false), TVIS_STATEIMAGEMASK);
-  }
+  if (tree_.check_boxes) ShowTick(shown);
   nodes_.push_back(shown);
 }
 

@@ -29,9 +29,11 @@ class TreeViewPeer : public Peer {
   };
 
   void ShowStyle();
+  void MakeCheckBoxes();
   void ShowNodes();
   void ShowSelection();
   void AddNode(const TreeNode& node);
+  void ShowTick(const ShownNode& shown);
   // Numbers of nodes count from 1; 0 is none.
   int NumberOf(HTREEITEM item) const;
   HTREEITEM ItemOf(const TreeNode* node) const;
