@@ -22,13 +22,14 @@ class WindowPc {
   }
 
   // Rows of a list as "text|sub-item 1|...", the wanted columns only (0 is the text).
-  static std::vector<std::string> Rows(const ListView& list, const std::vector<int>& columns) {
+  static std::vector<std::string> Rows(const ListView& list, const std::vector<int>& columns,
+                                       char separator = '|') {
     std::vector<std::string> rows;
     for (int index = 1; index <= list.Count(); ++index) {
       const ListItem& item = *list.Item(index);
       std::string row;
       for (const int column : columns) {
-        if (column != columns.front()) row += '|';
+        if (column != columns.front()) row += separator;
         row += column == 0 ? item.Caption().String() : item.SubItem(column).String();
       }
       rows.push_back(row);
