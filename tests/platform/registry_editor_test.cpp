@@ -84,10 +84,11 @@ TEST_F(Editor, LeavesTheFileAloneUnderAShortRootNameOrForAMissingKey) {
 TEST_F(Editor, ImportsBothFormsAndPassesOverWhatItCanNotUnderstand) {
   Import("REGEDIT4\r\n\r\n[" + full_key +
          "]\r\n\"a\"=\"x\\\\y\"\r\nrubbish\r\n\"bad\"=\"C:\\dir\\\"\r\n\"worse\"=\"a\"b\"\r\n"
-         "\"e\"=hex(2):25,41,\\\r\n  25,00\r\n\"n\"=dword:00000102\r\n");
+         "\"e\"=hex(2):25,41,\\\r\n  25,00\r\n\"n\"=dword:00000102\r\n\"cut\"=\"sho");
   EXPECT_EQ(Value("a"), "x\\y\0"s);
   EXPECT_EQ(Value("bad"), "status 2");
   EXPECT_EQ(Value("worse"), "status 2");
+  EXPECT_EQ(Value("cut"), "status 2");
   EXPECT_EQ(Value("e"), "%A%\0"s);
   EXPECT_EQ(Value("n"), "\x02\x01\0\0"s);
   const std::string script = "Windows Registry Editor Version 5.00\r\n\r\n[" + full_key +

@@ -5,12 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
 #include "platform/file_system_object.h"
 #include "platform/locale_texts.h"
 #include "platform/unique_handle.h"
 #include "registry/mdlRegistry.h"
-#include "repair/repair.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -167,33 +165,6 @@ TEST(Backups, TheWholeRegistryIsWhatItWas) {
   EXPECT_EQ(on.Names(), std::vector<std::string>{});
 }
 
-TEST(Backups, AnUndoFileBringsRepairedEntriesBackForTheNextScan) {
-  BackupPc on;
-  if (!on.pc.CanFault()) GTEST_SKIP() << "the real registry is not ours to scan and repair";
-  on.pc.SetText(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "Gone",
-                "C:\\no such folder\\gone.exe");
-  on.pc.SetText(HKEY_LOCAL_MACHINE,
-                "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\gone.exe", "",
-                "C:\\no such folder\\gone.exe");
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Startup", "0");
-  on.window.SetInitValues();
-  on.window.cmdScan.Click();
-  const std::vector<std::string> found = on.NamesAndReasons();
-  ASSERT_EQ(found.size(), 2U);
-  on.window.cmdFix.Click();
-  ASSERT_EQ(on.Names(), std::vector<std::string>{"undo_060411_130509.reg"});
-  on.window.cmdScan.Click();
-  EXPECT_EQ(on.NamesAndReasons(), std::vector<std::string>{});
-
-  on.SelectFirst();
-  on.Answer(&frmMessBox::cmdYes);
-  on.window.cmdRestore.Click();
-  Sleep(100);
-  EXPECT_EQ(on.Names(), std::vector<std::string>{});
-  on.window.cmdScan.Click();
-  EXPECT_EQ(on.NamesAndReasons(), found);
-}
-
 TEST(Backups, WithNoRowSelectedNothingHappens) {
   BackupPc on;
   on.pc.MakeFile(on.File("one.reg"));
@@ -235,20 +206,6 @@ TEST(Backups, AReadOnlyFileStaysInTheList) {
   EXPECT_EQ(on.Box(), kRestored);
 }
 
-TEST(Backups, OfAFileCutShortComesBackWhatIsWhole) {
-  BackupPc on;
-  on.pc.MakeFile(on.File("one.reg"), on.Script("\"a\"=\"old\"\r\n\"b\"=\"ol"));
-  on.Set("a", "new");
-  on.Set("b", "new");
-  on.List();
-  on.SelectFirst();
-  on.Answer(&frmMessBox::cmdYes);
-  on.window.cmdRestore.Click();
-  Sleep(500);
-  EXPECT_EQ(on.Get("a") + " " + on.Get("b"), "old new");
-  EXPECT_EQ(on.Box(), kRestored) << "success is told all the same";
-}
-
 TEST(Backups, AFolderThatIsGoneIsMadeAgain) {
   BackupPc on;
   on.window.application.folder = on.pc.folder() + "\\Elsewhere";
@@ -265,36 +222,6 @@ TEST(Backups, AFolderThatIsGoneIsMadeAgain) {
   EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"})
       << "where it can't be made, the folder before stays";
   EXPECT_EQ(on.window.LvBackup.Item(1)->SubItem(1), "") << "and its files are not this one's";
-}
-
-TEST(Backups, ASlowExportIsToldAsDoneWhileItRuns) {
-  BackupPc on;
-  if (!on.pc.CanFault()) GTEST_SKIP() << "the editor can't be told to be slow on this ground";
-  on.Set("v", "first");
-  on.pc.SlowEditor(5000, 3000);
-  on.window.cmdBakupReg.Click();
-  EXPECT_NE(on.Box().find("successfully"), std::string::npos);
-  EXPECT_EQ(on.Names(), std::vector<std::string>{}) << "not even there yet";
-  Sleep(2000);
-  on.List();
-  ASSERT_EQ(on.Names().size(), 1U);
-  const std::string file = on.File(on.Names()[0]);
-  EXPECT_EQ(on.pc.ReadFile(file), "") << "there, and not filled yet";
-  // A second one in the same second has the same name, and the later export stays.
-  on.pc.SetTime({2006, 11, 6, 4, 13, 5, 9, 0});
-  on.window.cmdBakupReg.Click();
-  Sleep(5000);
-  on.Set("v", "second");
-  Sleep(20000);
-  on.List();
-  ASSERT_EQ(on.Names().size(), 1U);
-  on.SelectFirst();
-  on.Set("v", "third");
-  on.pc.SlowEditor(2);
-  on.Answer(&frmMessBox::cmdYes);
-  on.window.cmdRestore.Click();
-  Sleep(100);
-  EXPECT_EQ(on.Get("v"), "second");
 }
 
 TEST(Backups, ASlowImportIsToldAsDoneAndMayLoseItsFile) {

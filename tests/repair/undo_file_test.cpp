@@ -52,7 +52,6 @@ TEST(UndoFile, CopiesOfAnExportWhatComesBehindItsHeader) {
 // The registry editor is another process, so these work on the PC's own registry.
 struct EditorPc {
   EditorPc() : pc(TestPc::Registry::kLive), undo(pc.program_folder() + "\\backup\\undo.reg") {}
-  std::string FullKey() const { return "HKEY_CURRENT_USER\\" + pc.LiveKey(); }
   TestPc pc;
   std::string undo;
 };
@@ -73,17 +72,6 @@ TEST(UndoFile, AKeyComesBackThroughTheEditor) {
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, key, ""), "C:\\new") << "the later record wins";
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, key + "\\Sub", "name \\ \xC3\xA9"), "text");
   EXPECT_EQ(RegDataText(GetRegData(HKEY_CURRENT_USER, key + "\\Sub", "number")), "77");
-}
-
-TEST(UndoFile, ASlowEditorLeavesTheCaptureBeforeOrNothing) {
-  EditorPc on;
-  if (!on.pc.CanFault()) GTEST_SKIP() << "the editor can't be told to be slow on this ground";
-  on.pc.SetText(HKEY_CURRENT_USER, on.pc.LiveKey() + "\\A", "x", "a");
-  on.pc.SlowEditor(300);
-  SafeRegkey(on.FullKey() + "\\A", on.pc.program_folder(), on.undo);
-  EXPECT_EQ(on.pc.ReadFile(on.undo), "REGEDIT4\r\n\r\n\r\n");
-  Sleep(400);
-  EXPECT_GT(on.pc.ReadFile(on.pc.program_folder() + "\\tmp.reg").size(), 10U);
 }
 
 }  // namespace

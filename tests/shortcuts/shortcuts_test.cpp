@@ -9,11 +9,8 @@
 #include <vector>
 
 #include "helpers/modShortcut.h"
-#include "helpers/settings_key.h"
 #include "helpers/system_helpers.h"
 #include "platform/letter_case.h"
-#include "registry/mdlRegistry.h"
-#include "scan/locations.h"
 #include "tests/support/special_folders.h"
 #include "tests/support/window_pc.h"
 
@@ -173,24 +170,6 @@ TEST(ShortCuts, AFolderThatCannotBeListedEndsItsOwnLevelOnly) {
   on.pc.DenyFile(on.user + "B\\2.lnk");
   ShortCuts(on.window);
   EXPECT_EQ(on.Findings(), Lines{on.Row(on.user + "B\\3.lnk", "3")});
-}
-
-TEST(ShortCuts, ScanAndRepairMoveBrokenLinksToTheBackupFolder) {
-  ShortcutsPc on;
-  on.window.lvScan.Clear();
-  on.Link(on.user + "Apps\\a.lnk", on.gone);
-  on.Link(on.desktop + "b.lnk", on.gone);
-  SetFileAttributesA((on.desktop + "b.lnk").c_str(), FILE_ATTRIBUTE_READONLY);
-  const std::string bytes = on.pc.ReadFile(on.desktop + "b.lnk");
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", "0;0;0;0;0;0;0;0;0;0;0;1");
-  LoadLocations(on.window);
-  on.window.cmdScan.Click();
-  EXPECT_EQ(WindowPc::Rows(on.window.lvFound, {0, 1}), Lines{"Shortcuts|2"});
-  on.window.cmdFix.Click();
-  EXPECT_FALSE(on.pc.FileExists(on.user + "Apps\\a.lnk"));
-  EXPECT_FALSE(on.pc.FileExists(on.desktop + "b.lnk"));
-  EXPECT_EQ(on.pc.FileNames(on.pc.program_folder() + "\\backup"), (Lines{"a.lnk", "b.lnk"}));
-  EXPECT_EQ(on.pc.ReadFile(on.pc.program_folder() + "\\backup\\b.lnk"), bytes);
 }
 
 }  // namespace
