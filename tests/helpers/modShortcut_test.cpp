@@ -4,47 +4,18 @@
 
 #include <string>
 
+#include "helpers/link_template.h"
 #include "platform/winapi.h"
-#include "tests/support/link_bytes.h"
 #include "tests/support/test_pc.h"
 #include "toolkit/script_front_end.h"
 
 namespace tidemark {
 namespace {
 
-using namespace link_bytes;
-
 constexpr auto kNo = AskBeforeReplacing::kNo;
 constexpr auto kYes = AskBeforeReplacing::kYes;
 
-std::string Guid(std::uint32_t first, std::size_t second, std::size_t third,
-                 const std::string& rest) {
-  return Number(first, 4) + Word(second) + Word(third) + rest;
-}
-std::string Time(std::uint32_t low, std::uint32_t high) { return Number(low, 4) + Number(high, 4); }
-
-// The template once more, from what its fields mean.
-std::string Template() {
-  const std::string rest("\xC0\0\0\0\0\0\0\x46", 8);
-  const std::string header = Long(76) + Guid(0x00021401, 0, 0, rest) + Long(1 + 2 + 8 + 16) +
-                             Long(0) + Time(0xD9A38D60, 0x01C1BE9A) + Time(0x184BB000, 0x01C1C491) +
-                             Time(0xB2EBA800, 0x01C1C346) + Long(289) + Long(0) + Long(1) +
-                             Word(0) + Zeros(10);
-  const std::string items =
-      Item("\x1F\x0F" + Guid(0x20D04FE0, 0x3AEA, 0x1069, "\xA2\xD8\x08" + Zeros(1) + "+00\x9D")) +
-      Item("#C:\\" + Zeros(17) + "\x31\xAA") +
-      Item(Word(0x32) + Long(289) + Long(0x345C2C64) + Word(0) + NarrowText("boot.ini") +
-           NarrowText("BOOT.INI"));
-  const std::string volume =
-      Long(24) + Long(3) + Long(0x0E2813DC) + Long(16) + NarrowText("DRIVE_C");
-  const std::string network =
-      Long(32) + Long(2) + Long(20) + Long(0) + Long(0x20000) + NarrowText("\\\\HOSTBOX\\C");
-  const std::string info = Long(28) + Long(3) + Long(28) + Long(28 + 24) + Long(28 + 24 + 4) +
-                           Long(28 + 24 + 4 + 32) + volume + NarrowText("C:\\") + network +
-                           NarrowText("boot.ini");
-  return header + Word(items.size() + 2) + items + Word(0) + Long(info.size() + 4) + info +
-         String8(".\\boot.ini") + String8("C:\\") + Long(0);
-}
+const std::string kTemplate(kLinkTemplate.begin(), kLinkTemplate.end());
 
 struct LinkPc : TestPc {
   std::string Path(const std::string& name) const { return folder() + "\\" + name; }
@@ -54,9 +25,8 @@ struct LinkPc : TestPc {
 TEST(Shortcut, TheTemplateIsLaidDownAndAFileIsReplacedOnlyWithLeave) {
   LinkPc pc;
   const std::string file = pc.Path("a.lnk");
-  ASSERT_EQ(Template().size(), 275U);
   EXPECT_TRUE(WriteLinkTemplate(pc.front_end, file, kYes));
-  EXPECT_EQ(pc.ReadFile(file), Template());
+  EXPECT_EQ(pc.ReadFile(file), kTemplate);
   EXPECT_EQ(pc.front_end.beeps(), 0) << "there was nothing to replace";
 
   pc.MakeFile(file, std::string(1000, 'o'));
@@ -67,11 +37,11 @@ TEST(Shortcut, TheTemplateIsLaidDownAndAFileIsReplacedOnlyWithLeave) {
                                                               "\" exists. Replace it?"});
   pc.front_end.AnswerYesNo(true);
   EXPECT_TRUE(WriteLinkTemplate(pc.front_end, file, kYes));
-  EXPECT_EQ(pc.ReadFile(file), Template());
+  EXPECT_EQ(pc.ReadFile(file), kTemplate);
 
   pc.MakeFile(file, std::string(1000, 'o'));
   EXPECT_TRUE(WriteLinkTemplate(pc.front_end, file, kNo));
-  EXPECT_EQ(pc.ReadFile(file), Template());
+  EXPECT_EQ(pc.ReadFile(file), kTemplate);
   EXPECT_EQ(pc.front_end.messages().size(), 2U);
 
   SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY);
@@ -146,7 +116,7 @@ TEST(Shortcut, WhereTheShellFindsNoItemTheTemplateStays) {
   LinkPc pc;
   std::string file = "relative";
   EXPECT_FALSE(WriteShortcut(pc.front_end, file, kNo, {.target = "C:\\", .hot_key = "none"}));
-  EXPECT_EQ(pc.ReadFile("relative.lnk"), Template());
+  EXPECT_EQ(pc.ReadFile("relative.lnk"), kTemplate);
   Shortcut read{.target = "as it was"};
   for (const std::string& link : {std::string("relative"), pc.Path("missing"), std::string()}) {
     ReadShortcut(link, read);

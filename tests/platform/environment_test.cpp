@@ -61,12 +61,5 @@ TEST(Environment, SpecialFoldersAreMadeWhenAskedFor) {
   EXPECT_STREQ(path, "");
 }
 
-TEST(Environment, SleepMovesTheClock) {
-  const TestPc pc;
-  const ULONGLONG before = GetTickCount64();
-  Sleep(50);
-  EXPECT_GE(GetTickCount64() - before, 30U);
-}
-
 }  // namespace
 }  // namespace tidemark

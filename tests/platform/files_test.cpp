@@ -82,7 +82,7 @@ TEST(Files, WhatIsNotThereHasItsReason) {
   EXPECT_NE(LookError("Q:\\x"), 0U);
   EXPECT_NE(LookError("\\\\nohost\\share\\x"), 0U);
   EXPECT_NE(LookError(std::string(100'000, 'x')), 0U);
-  EXPECT_EQ(LookError(folder + "\\File.txt\\") == 0, false);
+  EXPECT_NE(LookError(folder + "\\File.txt\\"), 0U);
 }
 
 TEST(Files, ReadOnlyFilesCantBeChangedUntilTheyAreNoLongerThat) {

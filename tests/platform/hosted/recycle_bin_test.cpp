@@ -4,7 +4,6 @@
 #include <stdlib.h>
 
 #include <fstream>
-#include <sstream>
 
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/pc_settings.h"
