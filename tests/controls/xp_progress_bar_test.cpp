@@ -130,40 +130,37 @@ TEST_F(ProgressBar, StandsUprightWhenVertical) {
 
 TEST_F(ProgressBar, PaintsTheOtherStylesUpToThePosition) {
   const Pixel color = 0x800000;
-  bar.SetColor(0x000080);
-  bar.SetSize(104, 20);
-  bar.SetValue(50);
-  bar.SetScrolling(3);
-  EXPECT_EQ(At(51, 18), ShadeColor(color, 180));
-  EXPECT_EQ(At(51, 19), color);
-  EXPECT_EQ(At(52, 0), ShadeColor(color, 100));
-  bar.SetScrolling(4);
-  EXPECT_EQ(At(2, 2), ShadeColor(color, 140));
-  EXPECT_EQ(At(51, 17), ShadeColor(color, 200));
-  EXPECT_EQ(At(52, 17), kWhite);
-  bar.SetScrolling(8);
-  EXPECT_EQ(At(2, 2), kWhite);
   Canvas pattern(2, 2);
   pattern.SetPixel(1, 0, 0x00FF00);
   bar.SetImage(pattern);
-  EXPECT_EQ(At(3, 2), 0x00FF00U);
-  EXPECT_EQ(At(2, 2), kWhite);
-  EXPECT_EQ(BarEnd(2), 52);
-  bar.SetScrolling(6);
-  EXPECT_EQ(At(90, 10), 0U);
+  bar.SetColor(0x000080);
+  bar.SetSize(104, 20);
+  bar.SetValue(50);
+  const struct {
+    int style, x, y;
+    Pixel pixel;
+  } cases[] = {{3, 51, 18, ShadeColor(color, 180)},
+               {3, 51, 19, color},
+               {4, 51, 17, ShadeColor(color, 200)},
+               {4, 52, 17, kWhite},
+               {5, 51, 10, color},
+               {5, 52, 10, kWhite},
+               {6, 90, 10, 0x000000},
+               {7, 48, 10, color},
+               {7, 49, 10, ShadeColor(color, 190)},
+               {8, 3, 2, 0x00FF00},
+               {8, 2, 2, kWhite}};
+  for (const auto& c : cases) {
+    bar.SetScrolling(c.style);
+    EXPECT_EQ(At(c.x, c.y), c.pixel) << c.style << ' ' << c.x;
+  }
 }
 
 TEST_F(ProgressBar, ShowsTextOnlyWhenAsked) {
   bar.SetColor(0x00FF00);
-  for (int style = 0; style <= 9; ++style) {
-    SCOPED_TRACE(style);
-    bar.SetScrolling(style);
-    bar.SetShowText(false);
-    const auto plain = bar.Painting().Pixels();
-    bar.SetShowText(true);
-    EXPECT_NE(bar.Painting().Pixels(), plain);
-    EXPECT_TRUE(HasText(style == 6 ? 0xC0C0C0 : 0x000000));
-  }
+  EXPECT_FALSE(HasText(0x000000));
+  bar.SetShowText(true);
+  EXPECT_TRUE(HasText(0x000000));
   BarLook look;
   look.percent = 7;
   EXPECT_EQ(BarText(look), "7 %");
@@ -191,17 +188,14 @@ TEST_F(ProgressBar, CentresItsTextByPainterAndFont) {
   for (int y = 2; y < 18; ++y) EXPECT_EQ(At(81, y) == 0, y >= 7 && y < 13) << y;
 }
 
-TEST_F(ProgressBar, RepaintsForWhatShowsAndNotForMinMaxAndBrush) {
-  bar.SetScrolling(7);
+TEST_F(ProgressBar, RepaintsForWhatShowsAndNotForMinAndMax) {
   bar.SetValue(90);
   const auto version = bar.PaintingVersion();
   bar.SetMax(1000);
-  bar.SetBrushStyle(0);
-  EXPECT_EQ(bar.PaintingVersion(), version);
-  const auto crossed = bar.Painting().Pixels();
   bar.SetValue(900);
+  EXPECT_EQ(bar.PaintingVersion(), version);
+  bar.SetValue(910);
   EXPECT_GT(bar.PaintingVersion(), version);
-  EXPECT_NE(bar.Painting().Pixels(), crossed);
 }
 
 TEST_F(ProgressBar, TurnsSystemColoursIntoPlainOnes) {

