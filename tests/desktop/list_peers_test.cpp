@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "desktop/win32/list_view_peer.h"
 #include "desktop/win32/tree_view_peer.h"

@@ -1,6 +1,4 @@
 // Questions, menus, the tray icon and timers at the terminal.
-#include <optional>
-
 #include "tests/desktop/terminal_test.h"
 
 namespace tidemark {
@@ -39,15 +37,12 @@ TEST_F(TerminalTest, TheNextLineAnswersAQuestion) {
 TEST_F(TerminalTest, ANoticeBearsTheMarkOfItsKind) {
   window.cmdFix.Clicked.Bind([this] {
     front_end.ShowMessage("told\r\nmore", "T", MessageIcon::kInformation);
-    front_end.ShowMessage("warned", "T", MessageIcon::kExclamation);
     front_end.ShowMessage("failed", "T", MessageIcon::kCritical);
-    front_end.ShowMessage("plain", "T", MessageIcon::kNone);
   });
   Run({"click cmdFix", "show lblFound"});
-  for (const char* line :
-       {"│ (i) told │", "│     more │", "│ (!) warned │", "│ (x) failed │", "│ plain │"}) {
-    EXPECT_THAT(console.written, HasSubstr(line));
-  }
+  EXPECT_THAT(console.written, HasSubstr("│ (i) told │"));
+  EXPECT_THAT(console.written, HasSubstr("│     more │"));
+  EXPECT_THAT(console.written, HasSubstr("│ (x) failed │"));
 }
 
 TEST_F(TerminalTest, AMenuTakesOneOfItsItems) {
@@ -93,15 +88,6 @@ TEST_F(TerminalTest, TheTrayIconStaysUntilItIsTakenAway) {
   EXPECT_THAT(console.written, HasSubstr("(minimised)\n tray: [Tip] "));
   EXPECT_THAT(console.errors,
               HasSubstr("the window is minimised\ntidemark: there is no tray icon"));
-}
-
-TEST_F(TerminalTest, AHiddenWindowIsClosedAsAShownOne) {
-  console.lines = {"quit"};
-  front_end.Run(window.form, [this] {
-    front_end.Show(window.form);
-    window.form.SetVisible(false);
-  });
-  EXPECT_EQ(closed, 1);
 }
 
 class TerminalTimerTest : public TerminalTest {

@@ -84,7 +84,9 @@ TEST(Win32FrontEnd, AFormIsLoadedOnceAndAgainAfterItsFrameHasClosedIt) {
   Box box;
   int loaded = 0;
   box.form.Load.Bind([&] { ++loaded; });
+  box.form.SetTopmost(true);
   front_end.Show(box.form);
+  EXPECT_NE(GetWindowLongA(front_end.WindowHandle(box.form), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
   front_end.Show(box.form);
   EXPECT_EQ(loaded, 1);
   PostMessageA(front_end.WindowHandle(box.form), WM_CLOSE, 0, 0);

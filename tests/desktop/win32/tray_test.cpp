@@ -6,7 +6,6 @@
 #include "desktop/win32/notification_area.h"
 #include "helpers/settings_key.h"
 #include "registry/mdlRegistry.h"
-#include "shell/open_dialogs.h"
 #include "tests/desktop/win32/desktop_pc.h"
 
 namespace tidemark {
@@ -92,32 +91,6 @@ TEST(TrayIcon, TheMenuOfAMinimizedWindowOpensItAndAboutIt) {
             });
   }
   on.Run([] {});
-}
-
-TEST(TrayIcon, AClickRestoresAMinimizedWindow) {
-  TrayPc on;
-  on.When([&] { return on.IsInFront(); }, [&] { on.Minimize(); });
-  on.When([&] { return on.IsMinimized(); }, [&] { on.FromIcon(kLeftUp); });
-  on.When([&] { return on.IsInFront(); }, [&] { on.CloseWindow(); });
-  on.Run([] {});
-}
-
-// Nothing tells them from the icon's messages. On purpose.
-TEST(TrayIcon, TheMouseAtItsPixelActsAsTheIcon) {
-  TrayPc on;
-  const auto about = [&] { return on.Window(on.window.about->form); };
-  for (const int pixel : {512, 513, 514, 515, 516, 517, 518}) {
-    on.When([&] { return on.window.about && GetActiveWindow() == about(); },
-            [&, pixel] { PostMessageA(on.Main(), WM_MOUSEMOVE, 0, MAKELPARAM(pixel, 3)); });
-    on.When([] { return true; },
-            [&, pixel] {
-              EXPECT_EQ(GetActiveWindow() == on.Main(), pixel == kLeftUp) << pixel;
-              EXPECT_FALSE(MenuIsOpen()) << pixel;
-              SetActiveWindow(about());
-            });
-  }
-  on.When([] { return true; }, [&] { on.CloseWindow(); });
-  on.Run([&] { ShowAbout(on.window); });
 }
 
 TEST(TrayIcon, AShellThatStartsAgainGetsItAgainUntilTheProgramEnds) {

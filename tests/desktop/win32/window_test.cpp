@@ -4,11 +4,8 @@
 
 #include "helpers/settings_key.h"
 #include "registry/mdlRegistry.h"
-#include "shell/main_window.h"
 #include "shell/pages.h"
 #include "tests/desktop/win32/desktop_pc.h"
-#include "window/finding_columns.h"
-#include "window/panels.h"
 
 namespace tidemark {
 namespace {
@@ -103,60 +100,6 @@ TEST(MainWindow, PagesChangeDuringAScanAndItsOwnComesBackAsItWas) {
   EXPECT_TRUE(window.StopRequested) << "closing ends the scan";
   EXPECT_EQ(Stored("LocState"), "1;1;1;1;1;1;1;1;1;1;1;1") << "the selection was saved";
   EXPECT_EQ(Stored("LastRunDate"), "none") << "and nothing ran on";
-}
-
-TEST(MainWindow, AListThatShrinksUnderTheSelectionShowsWhatIsLeft) {
-  DesktopPc on;
-  const frmMain& window = on.window;
-  ListView& list = on.window.lvProblems;
-  const auto fill = [&list](int rows) {
-    list.Clear();
-    for (int row = 1; row <= rows; ++row) list.Add("K" + std::to_string(row), "row");
-  };
-  on.When([&] { return on.RowsOf(list) == 100000; },
-          [&] {
-            list.EnsureVisible(list.Item(99999));
-            on.PressKey(list, VK_END);
-          });
-  on.When([&] { return list.SelectedItem() == list.Item(100000); }, [&] { fill(2); });
-  on.When([&] { return on.RowsOf(list) == 2; },
-          [&] {
-            EXPECT_EQ(list.SelectedItem(), nullptr);
-            on.PressRow(list, 2);
-          });
-  on.When([&] { return list.SelectedItem() == list.Item(2); },
-          [&] {
-            list.Clear();
-            on.PressTick(list, 1);
-            on.PressKey(list, VK_SPACE);
-          });
-  on.When([&] { return on.RowsOf(list) == 0; }, [&] { on.CloseWindow(); });
-  on.Run([&] {
-    HideAllFrames(on.window);
-    on.window.picClear.SetVisible(true);
-    fill(100000);
-  });
-  EXPECT_TRUE(window.StopRequested);
-}
-
-TEST(MainWindow, TicksOfTestsAreStoredAndTheKeyboardReachesThem) {
-  DesktopPc on;
-  const frmMain& window = on.window;
-  on.When([&] { return on.IsShown(window.lvLocations) && on.RowsOf(window.lvLocations) == 12; },
-          [&] {
-            EXPECT_EQ(on.TextOf(window.lvLocations), "Diagnostic tests to perform");
-            on.PressRow(window.lvLocations, 3);
-          });
-  on.When([&] { return window.lvLocations.SelectedItem() != nullptr; },
-          [&] { on.PressKey(window.lvLocations, VK_SPACE); });
-  on.When([&] { return Stored("LocState") == "1;1;0;1;1;1;1;1;1;1;1;1"; },
-          [&] { on.Press(window.chkSelectAll); });
-  on.When([&] { return Stored("SelectAllLoc") == "1"; },
-          [&] {
-            EXPECT_TRUE(window.lvLocations.Item(3)->Checked());
-            on.CloseWindow();
-          });
-  on.Run([&] { cmdMenuScan_Click(on.window); });
 }
 
 }  // namespace
