@@ -128,35 +128,5 @@ TEST(RegistryClass, ListsMakesAndDeletesAndSaysWhatFailed) {
             "Failed to open key '-2147483647',Section: 'Software\\Not There' for delete access");
 }
 
-TEST(RegistryClass, WritesFileAssociationsBelowBothRoots) {
-  TestPc pc;
-  cRegistry registry;
-  EXPECT_THROW(registry.CreateAdditionalEXEAssociations("Made.Up", {"a", "b", "c"}), RegistryError);
-  registry.CreateEXEAssociation({.program_path = " C:\\p.exe",
-                                 .class_name = "Made.Up",
-                                 .class_description = "A file",
-                                 .extension = "mup",
-                                 .print = true,
-                                 .install = true,
-                                 .install_caption = "Add",
-                                 .icon_index = 2});
-  registry.CreateAdditionalEXEAssociations("Made.Up", {"zip", "&Zip", "z.exe"});
-  EXPECT_THROW(registry.CreateAdditionalEXEAssociations("Made.Up", {"a"}), RegistryError);
-  const std::string machine = "SOFTWARE\\Classes\\";
-  for (const auto& [section, text] : std::vector<std::pair<std::string, std::string>>{
-           {".mup", "Made.Up"},
-           {"Made.Up", "A file"},
-           {"Made.Up\\shell\\open", "&Open"},
-           {"Made.Up\\shell\\open\\command", "\"C:\\p.exe\" \"%1\""},
-           {"Made.Up\\shell\\print\\command", "\"C:\\p.exe\" /p \"%1\""},
-           {"Made.Up\\shell\\add", "Add"},
-           {"Made.Up\\shell\\zip\\command", "z.exe"},
-           {"Made.Up\\DefaultIcon", "\"C:\\p.exe\",2"}}) {
-    EXPECT_EQ(pc.Text(HKEY_CLASSES_ROOT, section, ""), text) << section;
-    EXPECT_EQ(pc.Text(HKEY_LOCAL_MACHINE, machine + section, ""), text) << section;
-  }
-  EXPECT_FALSE(pc.KeyExists(HKEY_CLASSES_ROOT, "Made.Up\\shell\\new"));
-}
-
 }  // namespace
 }  // namespace tidemark

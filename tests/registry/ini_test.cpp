@@ -10,7 +10,7 @@
 namespace tidemark {
 namespace {
 
-TEST(ProfileFiles, TheTwoWaysDifferInTheirLimits) {
+TEST(IniAccess, TheTwoWaysDifferInTheirLimits) {
   TestPc pc;
   ScriptFrontEnd front_end;
   const std::string file = pc.folder() + "\\a.ini";
@@ -33,27 +33,6 @@ TEST(ProfileFiles, TheTwoWaysDifferInTheirLimits) {
   EXPECT_EQ(ReadIniValue("s", "umlauts", file), umlauts);
   ini.ClearAllValues();
   EXPECT_EQ(ini.IniPath(), "");
-}
-
-TEST(ProfileFiles, DeletesOnlyWhatItsNameAllowsAndSaysWhatIsMissing) {
-  TestPc pc;
-  ScriptFrontEnd front_end;
-  clsIni ini(front_end);
-  pc.MakeFile(pc.folder() + "\\A.INI");
-  for (const char* name : {"\\A.INI", "\\gone.ini", "\\x"}) {
-    ini.SetIniPath(pc.folder() + name);
-    ini.DeleteIni();
-  }
-  EXPECT_TRUE(pc.FileExists(pc.folder() + "\\A.INI"));
-  EXPECT_EQ(front_end.messages(),
-            (std::vector<std::string>{
-                "Error: The file in the Ini Path property is not an ini file or doesn't exist!",
-                "Error: The file in the Ini Path property was not found!",
-                "Error: The file in the Ini Path property is not an ini file or doesn't exist!"}));
-  pc.MakeFile(pc.folder() + "\\b.ini");
-  ini.SetIniPath(pc.folder() + "\\b.ini");
-  ini.DeleteIni();
-  EXPECT_FALSE(pc.FileExists(pc.folder() + "\\b.ini"));
 }
 
 }  // namespace

@@ -191,25 +191,24 @@ TEST(Walkers, StopAtTheNextItem) {
 }
 
 TEST(Walkers, MoveTheBarByTheirOwnRules) {
-  struct Case {
-    void (*walker)(frmMain&, HKEY, const std::string&);
-    int max;
-    int value;
-  };
+  WindowPc on;
   // A key with 2 values and 3 sub-keys; the bar comes from 0 of 1.
-  for (const Case& one :
-       {Case{ScanPathKey, 6, 5}, Case{ScanUninstallKey, 4, 3}, Case{ScanSharedDllKey, 6, 5},
-        Case{ScanFontKey, 6, 5}, Case{ScanClassRoot, 3, 2}, Case{ScanAssocRoot, 3, 2},
-        Case{ScanClassKey, 1, 0}, Case{ScanAssocKey, 1, 0}}) {
-    WindowPc on;
-    for (const char* name : {"a", "b"}) on.pc.SetText(HKEY_CURRENT_USER, "Bar", name, "x");
-    for (const char* name : {"1", "2", "3"}) {
-      on.pc.MakeKey(HKEY_CURRENT_USER, std::string("Bar\\") + name);
-    }
+  for (const char* name : {"a", "b"}) on.pc.SetText(HKEY_CURRENT_USER, "Bar", name, "x");
+  for (const char* key : {"Bar\\1", "Bar\\2", "Bar\\3"}) on.pc.MakeKey(HKEY_CURRENT_USER, key);
+  const auto bar_after = [&](auto walker) {
     ScanKey(on.window, "no test's code");  // resets the bar and walks nothing
-    one.walker(on.window, HKEY_CURRENT_USER, "Bar");
-    EXPECT_EQ(on.window.pbarScan.Max(), one.max);
-    EXPECT_EQ(on.window.pbarScan.Value(), one.value);
+    walker(on.window, HKEY_CURRENT_USER, "Bar");
+    return std::pair(on.window.pbarScan.Max(), on.window.pbarScan.Value());
+  };
+  for (const auto walker : {ScanPathKey, ScanSharedDllKey, ScanFontKey}) {
+    EXPECT_EQ(bar_after(walker), std::pair(6, 5));
+  }
+  EXPECT_EQ(bar_after(ScanUninstallKey), std::pair(4, 3));
+  for (const auto walker : {ScanClassRoot, ScanAssocRoot}) {
+    EXPECT_EQ(bar_after(walker), std::pair(3, 2));
+  }
+  for (const auto walker : {ScanClassKey, ScanAssocKey}) {
+    EXPECT_EQ(bar_after(walker), std::pair(1, 0));
   }
 }
 

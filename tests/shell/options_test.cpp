@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "helpers/settings_key.h"
 #include "registry/mdlRegistry.h"
@@ -146,18 +145,6 @@ TEST(Options, WithNoScheduleChosenAnEmptyTextIsStored) {
   EXPECT_EQ(Stored("SchedulerType"), "");
   EXPECT_EQ(Stored("Startup"), "5");
   EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRunKey, kEntry)) << "anything but 0 starts it";
-}
-
-TEST(Options, SelectAllTicksAllTestsAndIsKept) {
-  WindowPc on;
-  on.window.SetInitValues();
-  const std::string all = "1;1;1;1;1;1;1;1;1;1;1;1";
-  for (const bool ticked : {true, false}) {
-    on.window.chkSelectAll.Click();
-    EXPECT_EQ(on.window.lvLocations.Item(12)->Checked(), ticked);
-    EXPECT_EQ(Stored("LocState") == all, ticked);
-    EXPECT_EQ(Stored("SelectAllLoc"), ticked ? "1" : "0");
-  }
 }
 
 }  // namespace

@@ -94,7 +94,11 @@ TEST(Shell, TheLastRunIsShownInWords) {
   const SYSTEMTIME time{2006, 11, 6, 4, 0, 0, 0, 0};
   on.Store("LastRunDate", DateText(time));
   on.Store("LastRunTime", "noon");
-  SetStat(on.window);
+  on.Store("SelectAllLoc", "1");
+  on.Store("TotalCount", "many");
+  SetInitValues(on.window);
+  EXPECT_EQ(on.window.chkSelectAll.Value(), 1);
+  EXPECT_EQ(on.window.lblTotaltodate.Caption(), "many");
   EXPECT_EQ(on.window.lblLastDate.Caption(), LongDateText(time) + " - noon");
   on.Store("LastRunDate", "no date");
   SetStat(on.window);
@@ -164,31 +168,6 @@ TEST(Shell, OpensItsWebPagesAndPropertiesAsToldForEach) {
                                       "Open|" + site + "/tellafriend.php||" + folder + "|1",
                                       "open|" + site + "/support.php|1|1|3",
                                       "properties|" + folder + "\\x.txt|||5"}));
-}
-
-TEST(Shell, AHiddenStartIsMinimizedAndAllHooksAreCalled) {
-  ShellPc on;
-  on.Store("ShowinSystray", "1");
-  on.Store("SelectAllLoc", "1");
-  on.Store("TotalCount", "many");
-  std::string called;
-  const auto hook = [&called](Event<>& event, char letter) {
-    event.Bind([&called, letter] { called += letter; });
-  };
-  hook(on.window.LoadOptions, 'o');
-  hook(on.window.Loadbackup, 'b');
-  hook(on.window.Scheduler, 's');
-  hook(on.window.AddTrayIcon, 't');
-  hook(on.window.LoadFileTypes, 'f');
-  hook(on.window.LoadExcludeFolders, 'e');
-  hook(on.window.RemoveTrayIcon, 'r');
-  on.front_end.Show(on.window.form);
-  EXPECT_EQ(called, "obstfe");
-  EXPECT_EQ(on.window.form.State(), WindowState::kMinimized);
-  EXPECT_EQ(on.window.chkSelectAll.Value(), 1);
-  EXPECT_EQ(on.window.lblTotaltodate.Caption(), "many");
-  EXPECT_THROW(on.front_end.Unload(on.window.form), ProcessEnded);
-  EXPECT_EQ(called, "obstfer");
 }
 
 TEST(Shell, TheQuestionBoxAnswersAndGoes) {

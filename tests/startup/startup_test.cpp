@@ -203,24 +203,17 @@ TEST(Startup, TheMenuWritesBackAndDeletesAfterAQuestion) {
 
 TEST(Startup, TheBackgroundFollowsTheNumberOfRows) {
   StartupPc on;
-  for (const char* number : {"0", "12", "6Plus"}) {
-    on.pc.MakeFile(on.pc.program_folder() + "\\images\\chk_Problems" + number + ".jpg");
+  int rows = 0;
+  for (const auto& [number, alignment] : {std::pair{"0", 5}, {"12", 0}, {"6Plus", 5}}) {
+    const std::string picture = "\\images\\chk_Problems" + std::string(number) + ".jpg";
+    on.pc.MakeFile(on.pc.program_folder() + picture);
+    loadPrograms(on.window);
+    EXPECT_EQ(on.window.lvPrograms.PictureFile(), on.pc.program_folder() + picture);
+    EXPECT_EQ(on.window.lvPrograms.PictureAlignment(), alignment) << number;
+    for (const int more = rows == 0 ? 12 : 13; rows < more; ++rows) {
+      on.pc.SetText(HKEY_CURRENT_USER, kRun, "p" + std::to_string(rows), "x");
+    }
   }
-  const auto shown = [&on] {
-    const std::string& file = on.window.lvPrograms.PictureFile();
-    return file.substr(file.rfind('\\') + 1) + " " +
-           std::to_string(on.window.lvPrograms.PictureAlignment());
-  };
-  loadPrograms(on.window);
-  EXPECT_EQ(shown(), "chk_Problems0.jpg 5");
-  for (int row = 1; row <= 12; ++row) {
-    on.pc.SetText(HKEY_CURRENT_USER, kRun, "p" + std::to_string(row), "x");
-  }
-  loadPrograms(on.window);
-  EXPECT_EQ(shown(), "chk_Problems12.jpg 0");
-  on.pc.SetText(HKEY_CURRENT_USER, kRun, "p13", "x");
-  loadPrograms(on.window);
-  EXPECT_EQ(shown(), "chk_Problems6Plus.jpg 5");
 }
 
 }  // namespace
