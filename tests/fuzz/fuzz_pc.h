@@ -4,37 +4,27 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <string>
 
 #include "platform/hosted/hosted_pc.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidemark::fuzz {
 
 class FuzzPc {
  public:
-  FuzzPc() : folder_(MakeFolder()), pc_(folder_) {}
-  ~FuzzPc() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  FuzzPc(const FuzzPc&) = delete;
-  FuzzPc& operator=(const FuzzPc&) = delete;
-
   // Where a program folder "C:\Tidemark" lies on the host.
-  std::filesystem::path program_folder() const { return folder_ / "drives/C/Tidemark"; }
+  std::filesystem::path program_folder() const { return folder_.path() / "drives/C/Tidemark"; }
 
  private:
-  static std::filesystem::path MakeFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "tidemark-fuzz-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) std::abort();
+  static const std::filesystem::path& WithFolders(const std::filesystem::path& pc) {
     for (const char* const folder : {"drives/C/Tidemark", "drives/C/Windows/system32"}) {
-      std::filesystem::create_directories(std::filesystem::path(name) / folder);
+      std::filesystem::create_directories(pc / folder);
     }
-    return name;
+    return pc;
   }
 
-  std::filesystem::path folder_;
-  hosted::HostedPc pc_;
+  TemporaryFolder folder_;
+  hosted::HostedPc pc_{WithFolders(folder_.path())};
 };
 
 // Ends the run with the input kept: the subject has broken a promise.

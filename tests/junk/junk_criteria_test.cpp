@@ -3,23 +3,14 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
 #include "junk/junk.h"
-#include "registry/mdlRegistry.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-std::string Stored(const char* name) {
-  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
-}
-
-void Store(const char* name, const std::string& text) {
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
-}
 
 Lines Table(const ListView& list) {
   Lines rows;

@@ -4,9 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
 #include "junk/junk.h"
-#include "registry/mdlRegistry.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -18,18 +17,20 @@ using Lines = std::vector<std::string>;
 class JunkPc : public WindowPc {
  public:
   JunkPc() {
-    SetTable("*.tmp;~*.*;*.bak", "");
+    SetTable({"*.tmp", "~*.*", "*.bak"}, {});
     root = pc.folder() + "\\junk";
     pc.MakeFolder(root);
   }
-  void SetTable(const std::string& types, const std::string& excluded) {
+  void SetTable(const Lines& types, const Lines& excluded) {
     window.lvFileTypes.Clear();
     window.lvExcludeFolders.Clear();
-    for (const std::string& type : Pieces(types)) {
+    window.SelectedFileTypes.clear();
+    for (const std::string& type : types) {
       window.lvFileTypes.Add({}, type)->SetChecked(true);
+      if (!window.SelectedFileTypes.empty()) window.SelectedFileTypes += ';';
+      window.SelectedFileTypes += type;
     }
-    for (const std::string& folder : Pieces(excluded)) window.lvExcludeFolders.Add({}, folder);
-    window.SelectedFileTypes = types;
+    for (const std::string& folder : excluded) window.lvExcludeFolders.Add({}, folder);
   }
   // Paths below the root.
   Lines Found() {
@@ -46,17 +47,6 @@ class JunkPc : public WindowPc {
   }
 
   std::string root;
-
- private:
-  static Lines Pieces(const std::string& text) {
-    Lines pieces;
-    for (std::size_t start = 0; start < text.size();) {
-      const std::size_t end = std::min(text.find(';', start), text.size());
-      pieces.push_back(text.substr(start, end - start));
-      start = end + 1;
-    }
-    return pieces;
-  }
 };
 
 TEST(JunkScan, AFileHasARowForEachPatternThatItMatches) {
@@ -64,13 +54,13 @@ TEST(JunkScan, AFileHasARowForEachPatternThatItMatches) {
   for (const char* name : {"~y.tmp", "deep\\er\\e.bak", "keep\\below\\a.tmp"}) {
     on.pc.MakeFile(on.root + "\\" + name);
   }
-  on.SetTable("*.tmp;~*.*;*.bak", "JUNK\\KEEP");
+  on.SetTable({"*.tmp", "~*.*", "*.bak"}, {"JUNK\\KEEP"});
   on.Scan();
   EXPECT_EQ(on.Found(), (Lines{"deep\\er\\e.bak", "~y.tmp", "~y.tmp"}));
   EXPECT_EQ(on.window.lvJunkFiles.Item(1)->SubItem(1), "1") << "bytes";
   EXPECT_TRUE(on.window.lvJunkFiles.Item(1)->Checked());
   EXPECT_EQ(AttributeLetters(0xFF), "HLRAS");
-  on.SetTable("", "");
+  on.SetTable({}, {});
   on.Scan();
   EXPECT_EQ(on.Found(), Lines{}) << "no pattern is ticked";
 }
@@ -104,7 +94,7 @@ TEST(JunkScan, TheWholeScanShowsItsPanelsAndSaysHowManyThereAre) {
 
 TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
   WindowPc on;
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "Drives", "C;Q;");
+  Store("Drives", "C;Q;");
   ShowDrivesList(on.window);
   TreeNode* disk = nullptr;
   for (int index = 1; index <= on.window.tvDrives.Count(); ++index) {
@@ -118,7 +108,7 @@ TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
   EXPECT_EQ(disk->Image(), 2);
   EXPECT_TRUE(disk->Checked());
   on.window.tvDrives.UserCheck(*disk, false);
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "Drives", "none"), "");
+  EXPECT_EQ(Stored("Drives"), "");
 }
 
 TEST(JunkRemoval, RowsAreTickedTogetherAndOnlyTickedOnesGo) {

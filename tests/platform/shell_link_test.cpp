@@ -5,15 +5,14 @@
 #include <string>
 
 #include "helpers/link_template.h"
+#include "tests/support/link_bytes.h"
 #include "tests/support/test_pc.h"
 
 namespace tidemark {
 namespace {
 
 // A link with nothing in it: a header and the end block.
-const std::string kEmptyLink =
-    std::string("\x4C\0\0\0\x01\x14\x02\0\0\0\0\0\xC0\0\0\0\0\0\0\x46", 20) +
-    std::string(40, '\0') + std::string("\x01", 1) + std::string(15 + 4, '\0');
+const std::string kEmptyLink = link_bytes::Header(0) + link_bytes::Zeros(4);
 
 void ExpectSame(const LinkFields& read, const LinkFields& wanted) {
   EXPECT_EQ(read.target, wanted.target);

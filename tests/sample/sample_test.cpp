@@ -1,6 +1,5 @@
 // What the program finds on a copy of the sample PC.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -15,6 +14,7 @@
 #include "shell/wiring.h"
 #include "startup/startup.h"
 #include "tests/support/registry_snapshot.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -22,26 +22,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class SampleCopy {
- public:
-  SampleCopy()
-      : folder(fs::temp_directory_path() / ("tidemark-sample-" + std::to_string(getpid()))) {
-    fs::remove_all(folder);
-    fs::copy(fs::path(TIDEMARK_SOURCE_FOLDER) / "sample", folder, fs::copy_options::recursive);
-  }
-  ~SampleCopy() {
-    std::error_code ignored;
-    fs::remove_all(folder, ignored);
-  }
-  SampleCopy(const SampleCopy&) = delete;
-  SampleCopy& operator=(const SampleCopy&) = delete;
-
-  fs::path folder;
-};
+fs::path CopyOfSample(const TemporaryFolder& folder) {
+  fs::copy(fs::path(TIDEMARK_SOURCE_FOLDER) / "sample", folder.path(), fs::copy_options::recursive);
+  return folder.path();
+}
 
 struct SamplePc {
   SamplePc()
-      : pc(copy.folder), window(front_end, Application{.folder = pc.settings().program_folder}) {
+      : pc(CopyOfSample(folder)),
+        window(front_end, Application{.folder = pc.settings().program_folder}) {
     pc.clock().SetLocalTime({2006, 11, 6, 4, 13, 5, 9, 0});
     BindHandlers(window);
     Main(window);
@@ -56,7 +45,7 @@ struct SamplePc {
                           '\t');
   }
 
-  SampleCopy copy;
+  TemporaryFolder folder;
   hosted::HostedPc pc;
   ScriptFrontEnd front_end;
   frmMain window;

@@ -3,10 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
-#include "registry/mdlRegistry.h"
 #include "scan/locations.h"
 #include "scan/scan.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -14,22 +13,18 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-std::string Stored(const char* name) {
-  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
-}
-
 // A PC with one problem in Interfaces, two in Startup, one in Help.
 struct ScanPc : WindowPc {
   ScanPc() {
     const std::string gone = pc.folder() + "\\gone.exe";
     pc.SetText(HKEY_CLASSES_ROOT, "interface\\{1}\\TypeLib", "", "");
-    pc.SetText(HKEY_CURRENT_USER, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "a", gone);
-    pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\CurrentVersion\\Run", "b", gone);
+    pc.SetText(HKEY_CURRENT_USER, kRun, "a", gone);
+    pc.SetText(HKEY_LOCAL_MACHINE, kRun, "b", gone);
     pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\HTML Help", "c", gone);
     pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Microsoft\\Windows\\Help", "office", gone);
   }
   void Choose(const char* state) {
-    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", state);
+    Store("LocState", state);
     LoadLocations(window);
   }
 };
@@ -60,7 +55,7 @@ TEST(Scan, WithNothingCheckedStillFinishesWithTheOldCount) {
   ScanPc on;
   on.Choose("0;0;0;0;0;0;0;0;0;0;0;0");
   on.window.ProblemCount = 7;
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "TotalCount", "10 or so");
+  Store("TotalCount", "10 or so");
   cmdScan_Click(on.window);
   EXPECT_EQ(on.front_end.messages(),
             (Rows{"Tidemark: No diagnostic test,  please select test to scan"}));
@@ -132,7 +127,7 @@ TEST(Locations, ABadStoredChoiceChecksEverything) {
        {Case{"", 12}, Case{"1;0", 12}, Case{"0;0;0;0;0;0;0;0;0;0;0;0;0", 12},
         Case{"01; 1;1.0;x;;2;0;0;0;0;0;0", 3}, Case{"0;0;0;0;0;0;0;0;0;0;0;0", 0}}) {
     WindowPc on;
-    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState", one.stored);
+    Store("LocState", one.stored);
     LoadLocations(on.window);
     int checked = 0;
     for (int index = 1; index <= on.window.lvLocations.Count(); ++index) {

@@ -8,14 +8,13 @@
 
 #include "helpers/system_helpers.h"
 #include "scan/scan.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
 namespace {
 
 using Rows = std::vector<std::string>;
-
-const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 
 struct ClassCase {
   const char* key;   // below CLSID\{1}

@@ -5,15 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
 #include "platform/locale_texts.h"
-#include "registry/mdlRegistry.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
 namespace {
-
-constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 
 struct Moment {
   WORD day, hour, minute;
@@ -37,9 +34,6 @@ struct SchedulerPc : WindowPc {
     if (!ran) front_end = {};
     return ran;
   }
-  void Store(const char* name, const std::string& text) {
-    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
-  }
   void StoreLastRun(const SYSTEMTIME& time) {
     Store("LastRunDate", DateText(time));
     Store("LastRunTime", TimeText(time));
@@ -61,7 +55,7 @@ TEST(Scheduler, TheTimerRunsOnlyForANumberThatIsOne) {
                                       {"yes", false},
                                       {"", false},
                                       {"1.2", false}}) {
-    on.Store("Scheduler", text);
+    Store("Scheduler", text);
     Scheduler(on.window);
     EXPECT_EQ(on.window.TmrScheduler.Enabled(), enabled) << text;
   }
@@ -94,7 +88,7 @@ TEST(Scheduler, ARunComesDueAtItsBoundaryAndNotBefore) {
     on.pc.SetLocale(date, time);
     for (const Case& one : cases) {
       on.StoreLastRun(one.last.InNovember());
-      on.Store("SchedulerType", one.type);
+      Store("SchedulerType", one.type);
       on.pc.SetTime(one.now.InNovember());
       EXPECT_EQ(on.RunsAtTick(), one.due)
           << date << " type " << one.type << ' ' << one.last.day << ". " << one.last.hour << ':'
@@ -122,7 +116,7 @@ TEST(Scheduler, WhereTheMonthComesFirstEarlyDaysOfAMonthAreMisread) {
         {"yyyy-MM-dd", {4, 0, 5}, {4, 23, 5}, false}}) {
     on.pc.SetLocale(one.date, "HH:mm:ss");
     on.StoreLastRun(one.last.InNovember());
-    on.Store("SchedulerType", "3");
+    Store("SchedulerType", "3");
     on.pc.SetTime(one.now.InNovember());
     EXPECT_EQ(on.RunsAtTick(), one.due) << one.date << ' ' << one.last.day << " to " << one.now.day;
   }
@@ -133,14 +127,14 @@ TEST(Scheduler, WhatCannotBeReadIsDueAndWhatIsMissingIsNot) {
     SchedulerPc on;
     SYSTEMTIME now{};
     GetLocalTime(&now);
-    on.Store("SchedulerType", type);
+    Store("SchedulerType", type);
     EXPECT_FALSE(on.RunsAtTick()) << "nothing stored, type " << type;
     for (const auto& [date, time] : {std::pair{DateText(now), std::string("never")},
                                      {DateText(now), std::string()},
                                      {std::string("no date"), TimeText(now)},
                                      {std::string("\xFF\x80"), std::string("\x01")}}) {
-      on.Store("LastRunDate", date);
-      on.Store("LastRunTime", time);
+      Store("LastRunDate", date);
+      Store("LastRunTime", time);
       EXPECT_TRUE(on.RunsAtTick()) << date << ' ' << time << " type " << type;
     }
     EXPECT_FALSE(on.RunsAtTick()) << "the run has stored new ones, type " << type;
@@ -149,10 +143,10 @@ TEST(Scheduler, WhatCannotBeReadIsDueAndWhatIsMissingIsNot) {
 
 TEST(Scheduler, ARunScansRepairsAndComesHomeWithNoQuestion) {
   SchedulerPc on;
-  on.pc.SetText(HKEY_CURRENT_USER, kRunKey, "Gone", "C:\\no such folder\\gone.exe");
-  on.Store("Startup", "0");
-  on.Store("Scheduler", "1");
-  on.Store("LastRunTime", "never");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "Gone", "C:\\no such folder\\gone.exe");
+  Store("Startup", "0");
+  Store("Scheduler", "1");
+  Store("LastRunTime", "never");
   on.window.SetInitValues();
   on.window.form.SetState(WindowState::kMinimized);
   std::string seen;
@@ -165,7 +159,7 @@ TEST(Scheduler, ARunScansRepairsAndComesHomeWithNoQuestion) {
   on.window.TmrScheduler.Tick();
   EXPECT_GE(GetTickCount64() - start, 100U) << "two pauses";
   EXPECT_EQ(seen, "active disabled");
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kRunKey, "Gone", "repaired"), "repaired");
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone"));
   EXPECT_NE(on.UndoText().find("\"Gone\"="), std::string::npos);
   EXPECT_EQ(on.front_end.messages(), std::vector<std::string>{});
   EXPECT_TRUE(on.window.picWelcome.Visible());
@@ -174,16 +168,16 @@ TEST(Scheduler, ARunScansRepairsAndComesHomeWithNoQuestion) {
   EXPECT_TRUE(on.window.TmrScheduler.Enabled());
   EXPECT_FALSE(on.window.AutoRunActive);
   SYSTEMTIME now{};
-  EXPECT_TRUE(ParseDate(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "LastRunTime")));
+  EXPECT_TRUE(ParseDate(Stored("LastRunTime")));
   GetLocalTime(&now);
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "LastRunDate"), DateText(now));
+  EXPECT_EQ(Stored("LastRunDate"), DateText(now));
 }
 
 TEST(Scheduler, ADueTickEntersARunningScan) {
   SchedulerPc on;
-  on.pc.SetText(HKEY_CURRENT_USER, kRunKey, "Gone", "C:\\no such folder\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "Gone", "C:\\no such folder\\gone.exe");
   on.window.SetInitValues();
-  on.Store("LastRunTime", "never");
+  Store("LastRunTime", "never");
   bool inner_ended = false;
   on.front_end.When([&] { return on.window.lvInvalidLoc.Count() > 0; },
                     [&] {
@@ -193,7 +187,7 @@ TEST(Scheduler, ADueTickEntersARunningScan) {
   on.window.cmdScan.Click();
   EXPECT_TRUE(inner_ended) << "the scheduled run came to its end on top of the scan";
   EXPECT_TRUE(on.window.picClear.Visible()) << "then the scan did";
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kRunKey, "Gone", "repaired"), "repaired");
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone"));
 }
 
 }  // namespace

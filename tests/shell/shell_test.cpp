@@ -3,14 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
 #include "helpers/system_helpers.h"
 #include "platform/locale_texts.h"
-#include "registry/mdlRegistry.h"
 #include "shell/main_window.h"
 #include "shell/open_dialogs.h"
 #include "shell/pages.h"
 #include "shell/status.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -23,9 +22,6 @@ struct ShellPc : WindowPc {
           "settings", "settings2", "AdvancedOptions0", "AdvancedOptions1"}) {
       pc.MakeFile(pc.program_folder() + "\\images\\" + picture + ".jpg");
     }
-  }
-  void Store(const char* name, const std::string& text) {
-    SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
   }
   static std::string Picture(const ImageBox& image) {
     return image.PictureFile().substr(image.PictureFile().rfind('\\') + 1);
@@ -70,7 +66,7 @@ TEST(Shell, ClosingInMidScanSavesTheSelectionAndEnds) {
                     });
   EXPECT_THROW(Main(on.window), ProcessEnded);
   EXPECT_TRUE(on.window.StopRequested);
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "LocState"), "1;1;1;1;1;0;1;1;1;1;1;1");
+  EXPECT_EQ(Stored("LocState"), "1;1;1;1;1;0;1;1;1;1;1;1");
 }
 
 TEST(Shell, TheHealthPictureFollowsTheOutstandingErrors) {
@@ -83,7 +79,7 @@ TEST(Shell, TheHealthPictureFollowsTheOutstandingErrors) {
                           Case{"0", "RegHealth-Healthy.jpg"}, Case{"1", "RegHealth-Healthy.jpg"},
                           Case{"7 or so", "RegHealth-Low.jpg"}, Case{"-1", "RegHealth-Low.jpg"},
                           Case{"x", "RegHealth-Healthy.jpg"}, Case{"", "RegHealth-Unknown.jpg"}}) {
-    on.Store("OutstandingErrors", one.errors);
+    Store("OutstandingErrors", one.errors);
     SetInitValues(on.window);
     EXPECT_EQ(ShellPc::Picture(on.window.IMGRegistryStatus), one.picture) << one.errors;
   }
@@ -92,15 +88,15 @@ TEST(Shell, TheHealthPictureFollowsTheOutstandingErrors) {
 TEST(Shell, TheLastRunIsShownInWords) {
   ShellPc on;
   const SYSTEMTIME time{2006, 11, 6, 4, 0, 0, 0, 0};
-  on.Store("LastRunDate", DateText(time));
-  on.Store("LastRunTime", "noon");
-  on.Store("SelectAllLoc", "1");
-  on.Store("TotalCount", "many");
+  Store("LastRunDate", DateText(time));
+  Store("LastRunTime", "noon");
+  Store("SelectAllLoc", "1");
+  Store("TotalCount", "many");
   SetInitValues(on.window);
   EXPECT_EQ(on.window.chkSelectAll.Value(), 1);
   EXPECT_EQ(on.window.lblTotaltodate.Caption(), "many");
   EXPECT_EQ(on.window.lblLastDate.Caption(), LongDateText(time) + " - noon");
-  on.Store("LastRunDate", "no date");
+  Store("LastRunDate", "no date");
   SetStat(on.window);
   EXPECT_EQ(on.window.lblLastDate.Caption(), "no date - noon");
 }

@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "helpers/settings_key.h"
-#include "registry/mdlRegistry.h"
 #include "shell/main_window.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -36,7 +35,7 @@ TEST(Tray, TheIconIsThereAsLongAsTheProgram) {
 
 TEST(Tray, AStartInTheTrayIsHiddenUntilItsIconIsClicked) {
   WindowPc on;
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, "ShowinSystray", "1");
+  Store("ShowinSystray", "1");
   Main(on.window);
   EXPECT_FALSE(on.window.form.Visible());
   EXPECT_EQ(on.window.form.State(), WindowState::kMinimized);

@@ -7,6 +7,7 @@
 
 #include "helpers/system_helpers.h"
 #include "registry/ini_access.h"
+#include "tests/support/settings.h"
 #include "tests/support/special_folders.h"
 #include "tests/support/window_pc.h"
 
@@ -14,8 +15,6 @@ namespace tidemark {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 
 class StartupPc : public WindowPc {
  public:

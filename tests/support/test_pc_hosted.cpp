@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 
 #include "platform/hosted/clock.h"
 #include "platform/hosted/file_store.h"
@@ -14,6 +13,7 @@
 #include "platform/hosted/registry_editor.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/hosted/shell_calls.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/test_pc.h"
 
 namespace tidemark {
@@ -21,13 +21,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path MakeHostFolder() {
-  std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+fs::path WithSystemFolders(const fs::path& host) {
   for (const char* const folder : {"Windows/Fonts", "Windows/system32", "Program Files"}) {
-    fs::create_directories(fs::path(name) / "drives/C" / folder);
+    fs::create_directories(host / "drives/C" / folder);
   }
-  return name;
+  return host;
 }
 
 // Of what the test made itself, so in the very letters it asks for.
@@ -39,18 +37,8 @@ fs::path HostPath(const fs::path& host, std::string path) {
 }  // namespace
 
 struct TestPc::Ground {
-  struct HostFolder {
-    fs::path path = MakeHostFolder();
-    HostFolder() = default;
-    HostFolder(const HostFolder&) = delete;
-    HostFolder& operator=(const HostFolder&) = delete;
-    ~HostFolder() {
-      std::error_code ignored;
-      fs::remove_all(path, ignored);
-    }
-  };
-  HostFolder host;
-  hosted::HostedPc pc{host.path};
+  TemporaryFolder host;
+  hosted::HostedPc pc{WithSystemFolders(host.path())};
 };
 
 TestPc::TestPc(Registry) : ground_(std::make_unique<Ground>()) {
@@ -69,7 +57,7 @@ TestPc::~TestPc() = default;
 std::vector<std::string> TestPc::FileNames(const std::string& path) {
   std::vector<std::string> names;
   std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(HostPath(ground_->host.path, path), ignored)) {
+  for (const auto& entry : fs::directory_iterator(HostPath(ground_->host.path(), path), ignored)) {
     if (entry.is_regular_file()) names.push_back(entry.path().filename().string());
   }
   std::sort(names.begin(), names.end());
@@ -77,12 +65,12 @@ std::vector<std::string> TestPc::FileNames(const std::string& path) {
 }
 
 void TestPc::MakeDeepFile(const std::string& path) {
-  const fs::path file = HostPath(ground_->host.path, path);
+  const fs::path file = HostPath(ground_->host.path(), path);
   fs::create_directories(file.parent_path());
   EXPECT_TRUE(std::ofstream(file) << "x");
 }
 bool TestPc::DeepFileExists(const std::string& path) {
-  return fs::exists(HostPath(ground_->host.path, path));
+  return fs::exists(HostPath(ground_->host.path(), path));
 }
 
 bool TestPc::CanFault() { return true; }
@@ -113,7 +101,7 @@ void TestPc::SetDrive(char letter, const std::string& description) {
   hosted::PcDrive& drive = ground_->pc.settings().drives[letter];
   EXPECT_EQ(hosted::ReadDrive(description, drive), "");
   ground_->pc.files().SetDriveReady(letter, drive.ready);
-  fs::create_directories(ground_->host.path / "drives" / std::string(1, letter));
+  fs::create_directories(ground_->host.path() / "drives" / std::string(1, letter));
 }
 std::vector<std::string> TestPc::Recycled() {
   std::vector<std::string> paths;

@@ -3,17 +3,12 @@
 
 #include <string>
 
-#include "helpers/settings_key.h"
-#include "registry/mdlRegistry.h"
 #include "shell/pages.h"
 #include "tests/desktop/win32/desktop_pc.h"
+#include "tests/support/settings.h"
 
 namespace tidemark {
 namespace {
-
-std::string Stored(const char* name) {
-  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
-}
 
 TEST(Tabs, OptionsAreAppliedAndCancelled) {
   DesktopPc on;

@@ -4,23 +4,14 @@
 #include <string>
 
 #include "desktop/win32/notification_area.h"
-#include "helpers/settings_key.h"
-#include "registry/mdlRegistry.h"
 #include "tests/desktop/win32/desktop_pc.h"
+#include "tests/support/settings.h"
 
 namespace tidemark {
 namespace {
 
 constexpr int kLeftUp = 514;
 constexpr int kRightUp = 517;
-const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-
-void Store(const char* name, const std::string& text) {
-  SaveRegString(HKEY_CURRENT_USER, kSettingsKey, name, text);
-}
-std::string Stored(const char* name) {
-  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
-}
 
 bool MenuIsOpen() {
   GUITHREADINFO info{};

@@ -1,11 +1,11 @@
 #include "platform/hosted/file_store.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <fstream>
 
 #include "platform/hosted/pc_settings.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
 namespace {
@@ -15,12 +15,9 @@ namespace fs = std::filesystem;
 class FileStoreTest : public testing::Test {
  public:
   FileStoreTest() {
-    std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
-    root_ = mkdtemp(name.data());
     fs::create_directories(drive() / "Folder");
     settings_.drives['E'] = PcDrive{DRIVE_CDROM, false, {}, {}};
   }
-  ~FileStoreTest() override { fs::remove_all(root_); }
 
  protected:
   fs::path drive() const { return root_ / "drives/C"; }
@@ -30,7 +27,8 @@ class FileStoreTest : public testing::Test {
     return files.GetAttributes(path, attributes);
   }
 
-  fs::path root_;
+  TemporaryFolder folder_;
+  const fs::path& root_ = folder_.path();
   PcSettings settings_;
 };
 

@@ -1,7 +1,6 @@
 #include "platform/hosted/hosted_pc.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,6 +11,7 @@
 #include "platform/hosted/pc_settings.h"
 #include "platform/single_instance.h"
 #include "platform/unique_handle.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
 namespace {
@@ -20,12 +20,7 @@ namespace fs = std::filesystem;
 
 class HostedPcTest : public testing::Test {
  public:
-  HostedPcTest() {
-    std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
-    root_ = mkdtemp(name.data());
-    fs::create_directories(root_ / "drives/C");
-  }
-  ~HostedPcTest() override { fs::remove_all(root_); }
+  HostedPcTest() { fs::create_directories(root_ / "drives/C"); }
 
  protected:
   void Put(const std::string& name, const std::string& text) const {
@@ -60,7 +55,8 @@ class HostedPcTest : public testing::Test {
     return true;
   }
 
-  fs::path root_;
+  TemporaryFolder folder_;
+  const fs::path& root_ = folder_.path();
 };
 
 TEST_F(HostedPcTest, ABadFolderGivesOneClearLine) {
@@ -159,18 +155,13 @@ TEST_F(HostedPcTest, ARegistryThatCantBeSavedStaysAsItWas) {
 }
 
 TEST_F(HostedPcTest, OnlyOneProgramRunsOnAPc) {
-  const auto change = [] {
-    HKEY key = nullptr;
-    EXPECT_EQ(RegCreateKeyA(HKEY_CURRENT_USER, "Software\\Made", &key), ERROR_SUCCESS);
-  };
-  const auto registry = root_ / "registry.reg";
   {
     const FolderLock another(root_);
     HostedPc pc(root_);
     EXPECT_TRUE(SingleInstance().AnotherIsRunning());
-    change();
+    MakeKey("Made");
     pc.ShutDown();
-    EXPECT_FALSE(std::filesystem::exists(registry)) << "the other's registry is left alone";
+    EXPECT_FALSE(fs::exists(root_ / "registry.reg")) << "the other's registry is left alone";
   }
   HostedPc pc(root_);
   EXPECT_FALSE(SingleInstance().AnotherIsRunning());

@@ -1,12 +1,12 @@
 #include "platform/hosted/recycle_bin.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <fstream>
 
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/pc_settings.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
 namespace {
@@ -15,17 +15,13 @@ namespace fs = std::filesystem;
 
 class RecycleBinTest : public testing::Test {
  public:
-  RecycleBinTest() {
-    std::string name = (fs::temp_directory_path() / "tidemark-XXXXXX").string();
-    root_ = mkdtemp(name.data());
-    fs::create_directories(root_ / "drives/C/Folder/Sub");
-  }
-  ~RecycleBinTest() override { fs::remove_all(root_); }
+  RecycleBinTest() { fs::create_directories(root_ / "drives/C/Folder/Sub"); }
 
  protected:
   static void Put(const fs::path& path, const std::string& text) { std::ofstream(path) << text; }
 
-  fs::path root_;
+  TemporaryFolder folder_;
+  const fs::path& root_ = folder_.path();
   PcSettings settings_;
 };
 

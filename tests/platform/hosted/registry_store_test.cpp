@@ -23,14 +23,6 @@ UniqueKey Make(HKEY root, const char* path) {
   return UniqueKey(key);
 }
 
-void Set(HKEY root, const char* path, const char* name, const std::string& text) {
-  const UniqueKey key = Make(root, path);
-  const std::string data = text + '\0';
-  EXPECT_EQ(RegSetValueExA(key.Get(), name, 0, REG_SZ, reinterpret_cast<const BYTE*>(data.data()),
-                           static_cast<DWORD>(data.size())),
-            ERROR_SUCCESS);
-}
-
 std::string Listing(HKEY key) {
   std::string listing;
   char name[300];
@@ -60,9 +52,9 @@ std::string Listing(HKEY root, const char* path) {
 TEST(HostedRegistry, ClassesAreTheUsersOverTheMachines) {
   TestPc pc;
   constexpr const char* kType = "Software\\Classes\\.txt";
-  Set(HKEY_LOCAL_MACHINE, kType, "b", "machine");
-  Set(HKEY_LOCAL_MACHINE, kType, "a", "machine");
-  Set(HKEY_CURRENT_USER, kType, "B", "user");
+  pc.SetText(HKEY_LOCAL_MACHINE, kType, "b", "machine");
+  pc.SetText(HKEY_LOCAL_MACHINE, kType, "a", "machine");
+  pc.SetText(HKEY_CURRENT_USER, kType, "B", "user");
   Make(HKEY_LOCAL_MACHINE, "Software\\Classes\\.txt\\m\\deep");
   Make(HKEY_LOCAL_MACHINE, "Software\\Classes\\.txt\\Twice");
   Make(HKEY_CURRENT_USER, "Software\\Classes\\.txt\\u");
@@ -73,7 +65,7 @@ TEST(HostedRegistry, ClassesAreTheUsersOverTheMachines) {
   // New keys go to the machine, unless their parent is the user's alone; values to the user.
   Make(HKEY_CLASSES_ROOT, ".txt\\new");
   Make(HKEY_CLASSES_ROOT, ".txt\\u\\new");
-  Set(HKEY_CLASSES_ROOT, ".txt", "c", "new");
+  pc.SetText(HKEY_CLASSES_ROOT, ".txt", "c", "new");
   EXPECT_EQ(Listing(HKEY_LOCAL_MACHINE, kType), "m\\ new\\ Twice\\ b=machine a=machine ");
   EXPECT_EQ(Listing(HKEY_CURRENT_USER, kType), "twice\\ u\\ B=user c=new ");
   EXPECT_EQ(Listing(HKEY_CURRENT_USER, "Software\\Classes\\.txt\\u"), "new\\ ");
@@ -81,7 +73,7 @@ TEST(HostedRegistry, ClassesAreTheUsersOverTheMachines) {
   // An open handle sees the user's half come and go.
   EXPECT_EQ(SHDeleteKeyA(HKEY_CURRENT_USER, kType), ERROR_SUCCESS);
   EXPECT_EQ(Listing(merged.Get()), "m\\ new\\ Twice\\ b=machine a=machine ");
-  Set(HKEY_CURRENT_USER, kType, "a", "user");
+  pc.SetText(HKEY_CURRENT_USER, kType, "a", "user");
   EXPECT_EQ(Listing(merged.Get()), "m\\ new\\ Twice\\ a=user b=machine ");
   EXPECT_EQ(SHDeleteKeyA(HKEY_LOCAL_MACHINE, kType), ERROR_SUCCESS);
   EXPECT_EQ(Listing(HKEY_CLASSES_ROOT, ".txt"), "a=user ");
@@ -91,7 +83,7 @@ TEST(HostedRegistry, ADeniedKeyRefusesWhatItDeniesAndAllBelow) {
   TestPc pc;
   Make(HKEY_LOCAL_MACHINE, "Software\\Shut\\below");
   Make(HKEY_LOCAL_MACHINE, "Software\\ShutNot");
-  Set(HKEY_LOCAL_MACHINE, "Software\\Readable", "v", "1");
+  pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Readable", "v", "1");
   Make(HKEY_LOCAL_MACHINE, "Software\\Tree\\a\\kept");
   Make(HKEY_LOCAL_MACHINE, "Software\\Tree\\b");
   Store().DenyKey("hkey_local_machine\\SOFTWARE\\shut", KEY_ALL_ACCESS);
@@ -123,7 +115,7 @@ TEST(HostedRegistry, ManyValuesStayInTheirOrderAndAreFoundWhateverWentBefore) {
   const UniqueKey key = Make(HKEY_LOCAL_MACHINE, "Software\\Many");
   std::vector<int> left;
   for (int i = 0; i < 3000; ++i) {
-    Set(HKEY_LOCAL_MACHINE, "Software\\Many", ("v" + std::to_string(i)).c_str(), "x");
+    pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Many", "v" + std::to_string(i), "x");
     if (i % 7 == 3) {  // now and then one of the older goes
       const std::string gone = "V" + std::to_string(i / 2);
       if (RegDeleteValueA(key.Get(), gone.c_str()) == ERROR_SUCCESS) std::erase(left, i / 2);
@@ -144,13 +136,13 @@ TEST(HostedRegistry, ManyValuesStayInTheirOrderAndAreFoundWhateverWentBefore) {
 
 TEST(HostedRegistry, NamesThatAreNoAsciiIgnoreCaseAndBytesThatAreNoUtf8AreMended) {
   TestPc pc;
-  Set(HKEY_LOCAL_MACHINE, "Software\\\xC3\x84pfel", "\xC3\xB6", "a\xFF");
+  pc.SetText(HKEY_LOCAL_MACHINE, "Software\\\xC3\x84pfel", "\xC3\xB6", "a\xFF");
   EXPECT_EQ(Listing(HKEY_LOCAL_MACHINE, "software\\\xC3\xA4PFEL"), "\xC3\xB6=a\xEF\xBF\xBD ");
 }
 
 TEST(HostedRegistry, AnExportShowsTheRegistryAsItIsWhenItEnds) {
   TestPc pc;
-  Set(HKEY_LOCAL_MACHINE, "Software\\Slow", "v", "before");
+  pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Slow", "v", "before");
   HostedPc& hosted = HostedPc::Current();
   hosted.editor().SetDuration(60000);
   const std::string file = pc.program_folder() + "\\out.reg";
@@ -162,7 +154,7 @@ TEST(HostedRegistry, AnExportShowsTheRegistryAsItIsWhenItEnds) {
   EXPECT_TRUE(hosted.editor().IsWriting(file));
   EXPECT_FALSE(DeleteFileA(file.c_str()));
   EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
-  Set(HKEY_LOCAL_MACHINE, "Software\\Slow", "v", "after");
+  pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Slow", "v", "after");
   hosted.editor().SetEightBit(true);
   hosted.editor().Finish();
   EXPECT_EQ(pc.ReadFile(file),

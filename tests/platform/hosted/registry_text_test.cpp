@@ -5,12 +5,12 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <string>
 
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_store.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
 namespace {
@@ -28,12 +28,6 @@ std::string Wide(const std::string& text) {
 }
 
 class RegistryText : public testing::Test {
- public:
-  RegistryText()
-      : file_(std::filesystem::temp_directory_path() /
-              ("tidemark-" + std::to_string(std::random_device{}()) + ".reg")) {}
-  ~RegistryText() override { std::filesystem::remove(file_); }
-
  protected:
   void Write(const std::string& bytes) const { std::ofstream(file_, std::ios::binary) << bytes; }
 
@@ -66,7 +60,8 @@ class RegistryText : public testing::Test {
     return std::to_string(value.type()) + ":" + std::string(value.data());
   }
 
-  std::filesystem::path file_;
+  TemporaryFolder folder_;
+  const std::filesystem::path file_ = folder_.path() / "script.reg";
 };
 
 TEST_F(RegistryText, EveryWayToWriteAValueIsRead) {
