@@ -2,15 +2,13 @@
 
 #include <string>
 
-#include "helpers/settings_key.h"
-#include "registry/mdlRegistry.h"
 #include "shell/pages.h"
 #include "tests/desktop/win32/desktop_pc.h"
+#include "tests/support/settings.h"
 
 namespace tidemark {
 namespace {
 
-const std::string kRun = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 const std::string kAppPaths = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\";
 
 // Bad start-up entries, and an application path that is gone.
@@ -26,10 +24,6 @@ void PlantManyKeys(TestPc& pc) {
   for (int key = 0; key < 3000; ++key) {
     pc.SetText(HKEY_LOCAL_MACHINE, kAppPaths + "a" + std::to_string(key), "", "C:\\gone\\a.exe");
   }
-}
-
-std::string Stored(const char* name) {
-  return GetRegString(HKEY_CURRENT_USER, kSettingsKey, name, "none");
 }
 
 TEST(MainWindow, FromStartOverResultsAndRepairToHome) {
@@ -78,28 +72,6 @@ TEST(MainWindow, StopIsAnsweredInTheMiddleAndWhatWasFoundIsShown) {
             on.CloseWindow();
           });
   on.Run([&] { cmdScanNow_Click(on.window); });
-}
-
-TEST(MainWindow, PagesChangeDuringAScanAndItsOwnComesBackAsItWas) {
-  DesktopPc on;
-  PlantManyKeys(on.pc);
-  const frmMain& window = on.window;
-  on.When([&] { return window.ProblemCount > 20; }, [&] { on.Press(window.cmdMenuHome); });
-  on.When([&] { return on.IsShown(window.picWelcome) && !on.IsShown(window.picScan); },
-          [&] {
-            EXPECT_TRUE(window.ScanRunning);
-            on.Press(window.cmdMenuScan);
-          });
-  on.When([&] { return on.IsShown(window.picScan); },
-          [&] {
-            EXPECT_TRUE(on.IsShown(window.cmdStop));
-            EXPECT_FALSE(on.IsShown(window.cmdScan));
-            on.CloseWindow();
-          });
-  on.Run([&] { cmdScanNow_Click(on.window); });
-  EXPECT_TRUE(window.StopRequested) << "closing ends the scan";
-  EXPECT_EQ(Stored("LocState"), "1;1;1;1;1;1;1;1;1;1;1;1") << "the selection was saved";
-  EXPECT_EQ(Stored("LastRunDate"), "none") << "and nothing ran on";
 }
 
 }  // namespace
