@@ -7,7 +7,7 @@
 #include <sstream>
 #include <utility>
 
-#include "support/test_pc.h"
+#include "tests/support/test_pc.h"
 #include "toolkit/access_key.h"
 
 namespace tidemark {

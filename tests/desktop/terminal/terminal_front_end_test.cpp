@@ -1,6 +1,6 @@
 #include "desktop/terminal/terminal_front_end.h"
 
-#include "tests/desktop/terminal_test.h"
+#include "tests/desktop/terminal/terminal_test.h"
 
 namespace tidemark {
 namespace {

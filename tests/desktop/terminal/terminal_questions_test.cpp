@@ -1,5 +1,5 @@
 // Questions, menus, the tray icon and timers at the terminal.
-#include "tests/desktop/terminal_test.h"
+#include "tests/desktop/terminal/terminal_test.h"
 
 namespace tidemark {
 namespace {
