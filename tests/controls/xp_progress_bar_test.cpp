@@ -53,15 +53,6 @@ TEST_F(ProgressBar, TurnsAValueIntoAWholePercentageAndBack) {
   }
 }
 
-TEST_F(ProgressBar, StallsWhenSteppedByOneThroughTwoHundred) {
-  for (const auto& [max, percent] : {std::pair{100, 100}, {200, 0}, {1000, 0}}) {
-    bar.SetMax(max);
-    bar.SetValue(0);
-    for (int step = 0; step < max; ++step) bar.SetValue(bar.Value() + 1);
-    EXPECT_EQ(bar.Percent(), percent) << max;
-  }
-}
-
 TEST_F(ProgressBar, KeepsPositionAndPictureWhenMaxIsZero) {
   bar.SetValue(50);
   const auto before = bar.Painting().Pixels();
@@ -166,26 +157,6 @@ TEST_F(ProgressBar, ShowsTextOnlyWhenAsked) {
   EXPECT_EQ(BarText(look), "7 %");
   look.scrolling = 2;
   EXPECT_EQ(BarText(look), "Searching..");
-}
-
-// Paints a text as a block, as wide and high as its font's tenths of points say.
-struct BlockPainter : TextPainter {
-  int Width(std::string_view, const Font& font) const override { return font.tenths_of_points; }
-  int Height(const Font& font) const override { return font.tenths_of_points / 10; }
-  void Paint(Canvas& canvas, int x, int y, std::string_view text, const Font& font, Pixel color,
-             const Rect&) const override {
-    if (text == "37 %") canvas.FillRect({x, y, x + Width(text, font), y + Height(font)}, color);
-  }
-};
-
-TEST_F(ProgressBar, CentresItsTextByPainterAndFont) {
-  const BlockPainter blocks;
-  bar.SetDisplay({.text_painter = &blocks});
-  bar.SetFont({.tenths_of_points = 61});  // 61 by 6 pixels
-  bar.SetShowText(true);
-  bar.SetValue(37);
-  for (int x = 5; x < 98; ++x) EXPECT_EQ(At(x, 10) == 0, x >= 21 && x < 82) << x;
-  for (int y = 2; y < 18; ++y) EXPECT_EQ(At(81, y) == 0, y >= 7 && y < 13) << y;
 }
 
 TEST_F(ProgressBar, RepaintsForWhatShowsAndNotForMinAndMax) {

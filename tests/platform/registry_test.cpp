@@ -207,19 +207,12 @@ TEST_F(RegistryCalls, ValuesAreListedByIndexUntilThereAreNoMore) {
 TEST_F(RegistryCalls, TheInfoOfAKeyCountsInThePlatformsOwnText) {
   Create(home.Get(), "four");
   Set(home.Get(), "abc", "12345\0"s);
-  DWORD keys = 9;
-  DWORD longest_key = 0;
-  DWORD values = 9;
-  DWORD longest_name = 0;
-  DWORD longest_data = 0;
+  DWORD keys = 9, longest_key = 0, values = 9, longest_name = 0, longest_data = 0;
   EXPECT_EQ(RegQueryInfoKeyA(home.Get(), nullptr, nullptr, nullptr, &keys, &longest_key, nullptr,
                              &values, &longest_name, &longest_data, nullptr, nullptr),
             ERROR_SUCCESS);
-  EXPECT_EQ(keys, 1U);
-  EXPECT_EQ(longest_key, 4U);
-  EXPECT_EQ(values, 1U);
-  EXPECT_EQ(longest_name, 3U);
-  EXPECT_EQ(longest_data, 12U);
+  EXPECT_EQ((std::vector{keys, longest_key, values, longest_name, longest_data}),
+            (std::vector<DWORD>{1, 4, 1, 3, 12}));
 }
 
 TEST_F(RegistryCalls, DeletingAKeyIsRefusedAboveOthersUnlessTheWholeTreeIsMeant) {

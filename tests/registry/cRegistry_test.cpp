@@ -89,7 +89,7 @@ TEST(RegistryClass, ReadsByTheTypeItFindsAndElseYieldsTheDefault) {
   EXPECT_EQ(registry.Machine(), "");
 }
 
-TEST(RegistryClass, ListsMakesAndDeletesAndSaysWhatFailed) {
+TEST(RegistryClass, ListsMakesAndDeletes) {
   TestPc pc;
   cRegistry registry;
   registry.SetClassKey(HKEY_CURRENT_USER);
@@ -100,32 +100,18 @@ TEST(RegistryClass, ListsMakesAndDeletesAndSaysWhatFailed) {
   EXPECT_FALSE(registry.KeyExists());
   EXPECT_TRUE(registry.CreateKey());
   EXPECT_TRUE(registry.KeyExists());
-  const std::string wide(80, 'x');
-  for (const std::string& name : {"a"s, "\xC3\xA4\xD0\xB6"s, wide}) Store(REG_SZ, "t"s, name);
+  const std::string name = "\xC3\xA4\xD0\xB6" + std::string(80, 'x');
+  Store(REG_SZ, "t"s, name);
   pc.MakeKey(HKEY_CURRENT_USER, kKey + "\\Sub \xC3\xA4"s);
   EXPECT_TRUE(registry.EnumerateValues(names));
-  EXPECT_EQ(names.size(), 3U);
+  EXPECT_EQ(names, std::vector{name});
   EXPECT_TRUE(registry.EnumerateSections(names));
-  EXPECT_EQ(names, std::vector<std::string>{"Sub \xC3\xA4"});
-  const auto failure = [&](auto&& act) {
-    try {
-      act();
-    } catch (const RegistryError& error) {
-      return std::string(error.what());
-    }
-    return ""s;
-  };
-  const std::string place = "'-2147483647',Section: 'Software\\Made Up'";
-  EXPECT_EQ(failure([&] { registry.DeleteKey(); }), "Failed to delete registry Key: " + place)
-      << "it has a sub-key";
+  EXPECT_EQ(names, std::vector{"Sub \xC3\xA4"s});
+  EXPECT_THROW(registry.DeleteKey(), RegistryError) << "it has a sub-key";
   registry.SetValueKey("gone");
-  EXPECT_EQ(failure([&] { registry.DeleteValue(); }),
-            "Failed to delete registry Key: " + place + ",Key: 'gone");
-  registry.SetValueKey("a");
+  EXPECT_THROW(registry.DeleteValue(), RegistryError);
+  registry.SetValueKey(name);
   EXPECT_TRUE(registry.DeleteValue());
-  registry.SetSectionKey("Software\\Not There");
-  EXPECT_EQ(failure([&] { registry.DeleteValue(); }),
-            "Failed to open key '-2147483647',Section: 'Software\\Not There' for delete access");
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 
 #include "helpers/settings_key.h"
 #include "registry/mdlRegistry.h"
-#include "repair/undo_file.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {

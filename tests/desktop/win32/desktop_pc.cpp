@@ -78,11 +78,6 @@ void DesktopPc::PostPress(HWND target, POINT place) const {
 
 void DesktopPc::Press(const Control& control) const { PostPress(Window(control), {6, 6}); }
 
-void DesktopPc::PressKey(const Control& control, WORD key) const {
-  PostMessageA(Window(control), WM_KEYDOWN, key, 0);
-  PostMessageA(Window(control), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
-}
-
 void DesktopPc::PressRow(const ListView& list, int row) const {
   RECT place{LVIR_LABEL, 0, 0, 0};
   SendMessageA(Window(list), LVM_GETITEMRECT, static_cast<WPARAM>(row - 1),

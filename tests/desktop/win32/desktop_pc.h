@@ -31,7 +31,6 @@ class DesktopPc {
 
   // Real messages, posted.
   void Press(const Control& control) const;
-  void PressKey(const Control& control, WORD key) const;
   void PressRow(const ListView& list, int row) const;   // rows from 1
   void PressTick(const ListView& list, int row) const;  // its check box
   void CloseWindow() const;

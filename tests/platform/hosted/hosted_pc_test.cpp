@@ -8,7 +8,6 @@
 #include <sstream>
 
 #include "platform/hosted/folder_lock.h"
-#include "platform/hosted/pc_settings.h"
 #include "platform/single_instance.h"
 #include "platform/unique_handle.h"
 #include "tests/support/temporary_folder.h"
