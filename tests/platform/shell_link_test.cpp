@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "helpers/link_template.h"
 #include "tests/support/link_bytes.h"
@@ -14,16 +15,9 @@ namespace {
 // A link with nothing in it: a header and the end block.
 const std::string kEmptyLink = link_bytes::Header(0) + link_bytes::Zeros(4);
 
-void ExpectSame(const LinkFields& read, const LinkFields& wanted) {
-  EXPECT_EQ(read.target, wanted.target);
-  EXPECT_EQ(read.arguments, wanted.arguments);
-  EXPECT_EQ(read.name, wanted.name);
-  EXPECT_EQ(read.description, wanted.description);
-  EXPECT_EQ(read.hot_key, wanted.hot_key);
-  EXPECT_EQ(read.show_command, wanted.show_command);
-  EXPECT_EQ(read.working_directory, wanted.working_directory);
-  EXPECT_EQ(read.icon_file, wanted.icon_file);
-  EXPECT_EQ(read.icon_index, wanted.icon_index);
+auto AllOf(const LinkFields& link) {
+  return std::tie(link.target, link.arguments, link.name, link.description, link.hot_key,
+                  link.show_command, link.working_directory, link.icon_file, link.icon_index);
 }
 
 TEST(ShellLink, AChangedLinkReadsBackInEveryField) {
@@ -43,7 +37,7 @@ TEST(ShellLink, AChangedLinkReadsBackInEveryField) {
                     .icon_index = -7};
   ASSERT_EQ(ChangeLinkFile(file, wanted), LinkStatus::kDone);
   ASSERT_EQ(ReadLinkFile(file, fields), LinkStatus::kDone);
-  ExpectSame(fields, wanted);
+  EXPECT_EQ(AllOf(fields), AllOf(wanted));
 
   // Another target altogether, a folder that is there; the icon stays when none is given.
   LinkFields changed{.target = "C:\\windows", .name = wanted.name};
@@ -51,7 +45,7 @@ TEST(ShellLink, AChangedLinkReadsBackInEveryField) {
   changed.icon_file = wanted.icon_file;
   changed.icon_index = wanted.icon_index;
   ASSERT_EQ(ReadLinkFile(file, fields), LinkStatus::kDone);
-  ExpectSame(fields, changed);
+  EXPECT_EQ(AllOf(fields), AllOf(changed));
 }
 
 TEST(ShellLink, WhatIsNoLinkLeavesTheFieldsAlone) {
