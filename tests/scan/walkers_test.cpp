@@ -173,16 +173,18 @@ TEST(Walkers, StopAtTheNextItem) {
     WindowPc on;
     const std::string gone = on.pc.folder() + "\\gone.exe";
     for (int number = 0; number < 10; ++number) {
-      const std::string key = kRun + "\\." + std::to_string(number);
+      const std::string extension = "." + std::to_string(number);
+      const std::string key = kRun + "\\" + extension;
       on.pc.SetText(HKEY_CURRENT_USER, key, "UnInstallString", gone);
       on.pc.SetText(HKEY_CURRENT_USER, key, gone, gone);
       on.pc.SetText(HKEY_CURRENT_USER, key, "", "Gone.Type");
+      on.pc.SetText(HKEY_CURRENT_USER, extension, "", "Gone.Type");  // where its type is looked up
     }
     on.front_end.When([&on] { return on.window.lvInvalidLoc.Count() == 3; },
                       [&on] { on.window.StopRequested = true; });
     walker(on.window, HKEY_CURRENT_USER, kRun);
     EXPECT_LE(on.window.lvInvalidLoc.Count(), 3 + (walker == ScanFontKey ? 1 : 0));
-    on.window.StopRequested = true;
+    EXPECT_TRUE(on.window.StopRequested) << "there was enough to find";
     const long yields = on.front_end.yields();
     walker(on.window, HKEY_CURRENT_USER, kRun);
     EXPECT_EQ(on.front_end.yields(), yields) << "a walk that is told to stop does nothing";
