@@ -7,6 +7,7 @@
 
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_editor.h"
+#include "platform/hosted/registry_text.h"
 #include "platform/unique_handle.h"
 #include "tests/support/test_pc.h"
 
@@ -61,6 +62,11 @@ TEST(HostedRegistry, ClassesAreTheUsersOverTheMachines) {
   Make(HKEY_CURRENT_USER, "Software\\Classes\\.txt\\twice");
   const UniqueKey merged = Make(HKEY_CLASSES_ROOT, ".txt");
   EXPECT_EQ(Listing(merged.Get()), "m\\ twice\\ u\\ B=user a=machine ");
+  const std::string name = "HKEY_CLASSES_ROOT\\.txt";
+  EXPECT_EQ(ExportRegistryText(Store(), name, RegistryTextForm::kRegedit4),
+            "REGEDIT4\r\n\r\n[" + name + "]\r\n\"B\"=\"user\"\r\n\"a\"=\"machine\"\r\n\r\n[" +
+                name + "\\m]\r\n\r\n[" + name + "\\m\\deep]\r\n\r\n[" + name + "\\twice]\r\n\r\n[" +
+                name + "\\u]\r\n\r\n");
 
   // New keys go to the machine, unless their parent is the user's alone; values to the user.
   Make(HKEY_CLASSES_ROOT, ".txt\\new");

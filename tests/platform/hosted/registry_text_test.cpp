@@ -96,6 +96,7 @@ TEST_F(RegistryText, AScriptThatIsWrongIsRefusedWithItsLine) {
       {"REGEDIT5\r\n", ":1: no registry script: unknown first line"},
       {"[HKEY_NOWHERE\\x]\r\n", ":3: unknown root of a key"},
       {"[HKEY_USERS\\x\r\n", ":3: a key without its closing bracket"},
+      {"[HKEY_USERS\\x] y\r\n", ":3: something stands behind the key"},
       {"\"x\"=\"1\"\r\n", ":3: a value without a key"},
       {std::string(kKey) + "rubbish\r\n", ":4: neither a key nor a value"},
       {std::string(kKey) + "\"x\"\r\n", ":4: a value without \"=\""},
