@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/unicode.h"
 #include "toolkit/small_font.h"
 
 namespace tidemark {
 namespace {
-
-// The part of a character of UTF-8 text that takes no place of its own.
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 Rect Intersection(const Rect& a, const Rect& b) {
   return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
@@ -105,7 +103,7 @@ void Canvas::Tile(const Canvas& source, const Rect& rect) {
 void Canvas::PaintText(int x, int y, std::string_view text, Pixel color, const Rect& clip) {
   const Rect area = Clip(clip);
   for (const char character : text) {
-    if (IsContinuation(character)) continue;
+    if (ContinuesCharacter(character)) continue;
     const Glyph& glyph = GlyphOf(character);
     for (int row = 0; row < kTextHeight; ++row) {
       for (int column = 0; column < kGlyphWidth; ++column) {
@@ -120,7 +118,7 @@ void Canvas::PaintText(int x, int y, std::string_view text, Pixel color, const R
 
 int Canvas::TextWidth(std::string_view text) {
   const auto characters = text.size() - static_cast<std::size_t>(std::count_if(
-                                            text.begin(), text.end(), IsContinuation));
+                                            text.begin(), text.end(), ContinuesCharacter));
   return characters == 0 ? 0 : static_cast<int>(characters) * (kGlyphWidth + 1) - 1;
 }
 
