@@ -122,6 +122,7 @@ inline HKEY KeyHandle(std::uintptr_t value) {
   return reinterpret_cast<HKEY>(value);  // NOLINT(performance-no-int-to-ptr)
 }
 }  // namespace winapi_detail
+
 // Expressions, as on the platform: what is made of them before main needs no other variable first.
 #define HKEY_CLASSES_ROOT (::winapi_detail::KeyHandle(0x80000000U))
 #define HKEY_CURRENT_USER (::winapi_detail::KeyHandle(0x80000001U))

@@ -230,14 +230,14 @@ void DesignJunkCriteria(frmMain& window) {
   window.lvExcludeFolders.columns = {{"Folder", 2600, {}}, {"Description", 2700, {}}};
   window.lvFileTypes.check_boxes = window.lvExcludeFolders.check_boxes = true;
   AddEdits(window.cmdFileTypes, window.picJunkCriteria,
-           {{"&Add...", "Add a file type"},
-            {"&Edit...", "Edit the file type"},
-            {"&Remove", "Remove the file type"},
-            {"Rever&t", "Revert to the original file types"}});
+           {{"&Add...", "&Add a file type"},
+            {"&Edit...", "&Edit the file type"},
+            {"&Remove", "&Remove the file type"},
+            {"Rever&t", "Rever&t to the original file types"}});
   AddEdits(window.cmdExcludeFolders, window.picJunkCriteria,
-           {{"A&dd...", "Add a folder"},
-            {"Ed&it...", "Edit the folder"},
-            {"Re&move", "Remove the folder"}});
+           {{"A&dd...", "A&dd a folder"},
+            {"Ed&it...", "Ed&it the folder"},
+            {"Re&move", "Re&move the folder"}});
   window.FolderPicker.SetVisible(false);
   window.cmdJunkScan.SetCaption("S&can");
   NameControls({{window.tvDrives, "Drives to scan"},
