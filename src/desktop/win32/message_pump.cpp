@@ -9,7 +9,7 @@ namespace {
 
 // A walker yields for each item it meets; between two pumps a yield is a look at the system's tick.
 constexpr ULONGLONG kPumpPause_ms = 10;
-constexpr ULONGLONG kRefreshPause_ms = 33;
+constexpr ULONGLONG kRefreshPause_ms = 50;
 // Whoever yields so often, and in so short a time each, has nothing to do but to wait.
 constexpr int kManyYields = 4096;
 constexpr long long kIdleYield_ns = 150;
