@@ -75,7 +75,6 @@ class TestPc {
   void DenyFile(const std::string& path);
   void AllowAll();
   void FillDisk(std::optional<unsigned> bytes_left = 0);
-  void FailNextWrite();
   // Adds a drive, or changes one: "network label=Papers", as pc.ini has it.
   void SetDrive(char letter, const std::string& description);
   // The paths that files in the recycle bin had, the first one thrown away first.

@@ -113,7 +113,6 @@ void TestPc::RestoreRecycled() {
     EXPECT_EQ(ground_->pc.recycle_bin().Restore(0), ERROR_SUCCESS);
   }
 }
-void TestPc::FailNextWrite() { ground_->pc.files().FailNextWrite(); }
 void TestPc::SlowEditor(unsigned milliseconds, unsigned start_up_ms) {
   ground_->pc.editor().SetDuration(milliseconds);
   ground_->pc.editor().SetStartUp(start_up_ms);

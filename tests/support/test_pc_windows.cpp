@@ -134,7 +134,6 @@ void TestPc::DenyKey(const std::string&, REGSAM) {}
 void TestPc::DenyFile(const std::string&) {}
 void TestPc::AllowAll() {}
 void TestPc::FillDisk(std::optional<unsigned>) {}
-void TestPc::FailNextWrite() {}
 void TestPc::SetDrive(char, const std::string&) {}
 std::vector<std::string> TestPc::Recycled() { return {}; }
 void TestPc::RestoreRecycled() {}

@@ -267,8 +267,6 @@ void FileStore::SetDriveReady(char letter, bool ready) {
   }
 }
 
-void FileStore::FailNextWrite() { fail_next_write_ = true; }
-
 bool FileStore::IsDenied(std::string_view upper) const {
   return std::any_of(denied_.begin(), denied_.end(),
                      [upper](const std::string& denied) { return IsSameOrBelow(upper, denied); });

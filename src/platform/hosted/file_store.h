@@ -82,8 +82,6 @@ class FileStore {
   void FillDisk(std::optional<std::uint64_t> bytes_left);
   // Whether a disk is in the drive, or its server answers.
   void SetDriveReady(char letter, bool ready);
-  // The next write to a file fails and writes nothing.
-  void FailNextWrite();
 
  private:
   static constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
@@ -118,7 +116,6 @@ class FileStore {
   std::vector<std::string> denied_;
   std::vector<std::unique_ptr<OpenFile>> open_files_;
   std::optional<std::uint64_t> bytes_left_;
-  bool fail_next_write_ = false;
 };
 
 }  // namespace tidemark::hosted

@@ -11,7 +11,6 @@
 namespace tidemark::hosted {
 namespace {
 
-constexpr LONG kErrorWriteFault = 29;
 constexpr DWORD kWriting = GENERIC_WRITE | FILE_APPEND_DATA;
 
 }  // namespace
@@ -80,7 +79,6 @@ LONG FileStore::Write(HANDLE file, const void* data, DWORD size_bytes, DWORD& by
   OpenFile* const opened = Lookup(file);
   if (opened == nullptr) return ERROR_INVALID_HANDLE;
   if ((opened->access & kWriting) == 0) return ERROR_ACCESS_DENIED;
-  if (std::exchange(fail_next_write_, false)) return kErrorWriteFault;
   const int host = opened->host.get();
   const bool appending = (opened->access & GENERIC_WRITE) == 0;
   if (appending) lseek(host, 0, SEEK_END);
