@@ -1,11 +1,14 @@
-#include "toolkit/list_view.h"
+#include "toolkit/controls.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "toolkit/controls.h"
+#include "toolkit/control_group.h"
+#include "toolkit/list_view.h"
+#include "toolkit/option_button.h"
+#include "toolkit/text_box.h"
 
 namespace tidemark {
 namespace {
@@ -26,12 +29,10 @@ TEST(ListView, FindsRowsByPositionAndKey) {
   for (const int number : {1, 2499, 5000}) {
     EXPECT_EQ(list.Item("K" + std::to_string(number)), list.Item(number));
   }
-  EXPECT_EQ(list.Item("K0"), nullptr);
-  EXPECT_EQ(list.Item(""), nullptr);
-  EXPECT_EQ(list.Item(0), nullptr);
-  EXPECT_EQ(list.Item(5001), nullptr);
-  EXPECT_NE(list.Add("", "no key"), nullptr);
-  EXPECT_NE(list.Add("", "no key either"), nullptr);
+  for (const ListItem* none : {list.Item("K0"), list.Item(""), list.Item(0), list.Item(5001)}) {
+    EXPECT_EQ(none, nullptr);
+  }
+  EXPECT_TRUE(list.Add("", "no key") && list.Add("", "no key either"));
 }
 
 TEST(ListView, TextsEndAtTheirFirstNull) {
@@ -57,8 +58,6 @@ TEST(ListView, SortsStablyInBothDirectionsAndKeepsSortingNewRows) {
   EXPECT_EQ(Order(list), "AabBc");
   list.SortBy(0, SortOrder::kDescending);
   EXPECT_EQ(Order(list), "cbBAa");
-  EXPECT_EQ(list.IndexOf(list.Item(2)), 2);
-  EXPECT_EQ(list.IndexOf(nullptr), 0);
 }
 
 TEST(ListView, AHandlerMayClearTheList) {
@@ -71,6 +70,39 @@ TEST(ListView, AHandlerMayClearTheList) {
   EXPECT_EQ(list.Count(), 0);
   list.UserSelect(*list.Add("K1", "row"));
   EXPECT_EQ(list.SelectedItem(), nullptr) << "the list shrank under the selection";
+}
+
+TEST(OptionButton, IsTheOnlyChosenOneOfItsContainer) {
+  Form form("form");
+  ControlGroup<OptionButton> options("options", &form, 3);
+  OptionButton other(nullptr, "elsewhere");
+  other.SetValue(true);
+  int clicks = 0;
+  options(1).Clicked.Bind([&] { clicks += options(1).Value() && !options(0).Value() ? 1 : 100; });
+  options(0).SetValue(true);
+  options(1).Click();
+  options(1).SetValue(true);
+  options(2).SetEnabled(false);
+  options(2).Click();
+  EXPECT_EQ(clicks, 1);
+  EXPECT_TRUE(options(1).Value());
+  EXPECT_FALSE(options(0).Value() || options(2).Value());
+  EXPECT_TRUE(other.Value());
+}
+
+// The program itself selects nothing in its text boxes.
+TEST(TextBox, SelectsAndReplacesWholeCharacters) {
+  TextBox box(nullptr, "box");
+  box.SetText("a\xC3\xA4\xE2\x82\xAC");  // 1 byte, 2 and 3
+  std::string seen;
+  box.Changed.Bind(
+      [&] { seen += box.Text().String() + '@' + std::to_string(box.SelStart()) + ' '; });
+  box.SetSelStart(2);
+  box.SetSelLength(2);
+  EXPECT_EQ(box.SelStart(), 1);
+  EXPECT_EQ(box.SelLength(), 2);
+  box.SetSelText("2");
+  EXPECT_EQ(seen, "a2\xE2\x82\xAC@2 ") << "its state has changed when it says so";
 }
 
 TEST(Controls, APersonReachesOnlyWhatIsEnabled) {
@@ -92,14 +124,6 @@ TEST(Controls, APersonReachesOnlyWhatIsEnabled) {
   panel.SetVisible(false);
   EXPECT_FALSE(box.IsShown());
   EXPECT_EQ(form.Find("BOX"), &box);
-}
-
-TEST(Controls, BringToFrontReordersSiblings) {
-  Form form("form");
-  Label first(&form, "first");
-  Label second(&form, "second");
-  first.BringToFront();
-  EXPECT_EQ(form.Controls(), (std::vector<Control*>{&second, &first}));
 }
 
 }  // namespace
