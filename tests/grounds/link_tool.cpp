@@ -54,31 +54,29 @@ int Write(const std::string& folder) {
   return failures;
 }
 
+// All fields that a link is made of, divided by bars.
+std::string FieldsOf(const LinkFields& link, const std::string& hot_key) {
+  return link.target + '|' + link.arguments + '|' + link.description + '|' + hot_key + '|' +
+         link.working_directory + '|' + link.icon_file + '|' + std::to_string(link.icon_index);
+}
+
 int Check(const std::string& folder, bool all) {
   int failures = 0;
-  const auto compare = [&failures](const Case& one, const char* field, const std::string& read,
-                                   const std::string& wanted) {
-    if (read == wanted) return;
-    std::printf("%s: %s is <%s>, not <%s>\n", one.file, field, read.c_str(), wanted.c_str());
-    ++failures;
-  };
   for (const Case& one : Cases()) {
     if (!all && !one.wine_reads_it) continue;
     LinkFields read;
-    if (ReadLinkFile(folder + "\\" + one.file + ".lnk", read) != LinkStatus::kDone) {
-      std::printf("%s: not read\n", one.file);
-      ++failures;
-      continue;
-    }
-    compare(one, "target", read.target, one.link.target);
-    compare(one, "arguments", read.arguments, one.link.arguments);
-    compare(one, "description", read.description, one.link.description);
-    compare(one, "hot key", std::to_string(read.hot_key),
-            one.link.hot_key.empty() ? "0" : one.link.hot_key);
-    compare(one, "working directory", read.working_directory, one.link.working_directory);
-    compare(one, "icon", read.icon_file, one.link.icon_file);
-    compare(one, "icon index", std::to_string(read.icon_index),
-            std::to_string(one.link.icon_index));
+    const LinkStatus status = ReadLinkFile(folder + "\\" + one.file + ".lnk", read);
+    const LinkFields wanted{.target = one.link.target,
+                            .arguments = one.link.arguments,
+                            .description = one.link.description,
+                            .working_directory = one.link.working_directory,
+                            .icon_file = one.link.icon_file,
+                            .icon_index = one.link.icon_index};
+    const std::string is = FieldsOf(read, std::to_string(read.hot_key));
+    const std::string was = FieldsOf(wanted, one.link.hot_key.empty() ? "0" : one.link.hot_key);
+    if (status == LinkStatus::kDone && is == was) continue;
+    std::printf("%s: <%s>, not <%s>\n", one.file, is.c_str(), was.c_str());
+    ++failures;
   }
   return failures;
 }

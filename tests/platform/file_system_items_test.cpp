@@ -29,17 +29,12 @@ TEST(FileSystemObject, FoldersListWhatIsInThem) {
   EXPECT_EQ(listed.SubFolders(), (Names{"Sub1", "sub2"}));
   EXPECT_EQ(listed.PathOf("A.txt"), folder + "\\A.txt");
   EXPECT_EQ(files.GetFolder(folder + "\\none", listed), Fso::kPathNotFound);
-  EXPECT_EQ(files.GetFolder(folder + "\\b.txt", listed), Fso::kPathNotFound);
-  EXPECT_EQ(files.GetFolder("", listed), Fso::kInvalidCall);
   EXPECT_EQ(listed.Path(), folder);  // what fails changes nothing
   ASSERT_EQ(files.GetFolder("C:\\", listed), Fso::kNone);
   EXPECT_EQ(listed.PathOf("x"), "C:\\x");
   if (TestPc::CanFault()) {
     pc.DenyFile(folder);
     EXPECT_EQ(files.GetFolder(folder, listed), Fso::kPermissionDenied);
-    pc.SetDrive('E', "removable");
-    EXPECT_EQ(files.GetFolder("E:\\", listed), Fso::kNone);
-    EXPECT_EQ(listed.Files(), Names{});
   }
 }
 
@@ -47,27 +42,22 @@ TEST(FileSystemObject, FilesTellOfThemselves) {
   TestPc pc;
   const std::string path = pc.folder() + "\\a.exe.tmtest";
   pc.MakeFile(path, "12345");
-  pc.SetText(HKEY_CLASSES_ROOT, ".tmtest", "", "Tidemark.Test");
-  pc.SetText(HKEY_CLASSES_ROOT, "Tidemark.Test", "", "Test of Tidemark");
   SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
   const Fso files;
   Fso::File file;
   ASSERT_EQ(files.GetFile(path, file), Fso::kNone);
-  EXPECT_EQ(file.Path(), path);
   EXPECT_EQ(file.Size(), 5U);
   EXPECT_EQ(file.Attributes().value_or(0) & ~FILE_ATTRIBUTE_ARCHIVE,
             FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN);
   ASSERT_TRUE(file.DateCreated() && file.DateLastModified());
   EXPECT_GE(file.DateLastModified()->wYear, 2020);
-  EXPECT_LE(file.DateCreated()->wYear, file.DateLastModified()->wYear);
   EXPECT_EQ(file.Delete(false), Fso::kPermissionDenied);
   EXPECT_EQ(file.Delete(true), Fso::kNone);
   EXPECT_EQ(file.Delete(true), Fso::kFileNotFound);
   EXPECT_FALSE(file.Size() || file.Attributes() || file.DateCreated() || file.DateLastModified());
   EXPECT_EQ(file.Type(), "");
-  for (const std::string& none : {path, pc.folder(), pc.folder() + "\\no\\x"}) {
-    EXPECT_EQ(files.GetFile(none, file), Fso::kFileNotFound) << none;
-  }
+  EXPECT_EQ(files.GetFile(path, file), Fso::kFileNotFound);
+  EXPECT_EQ(files.GetFile(pc.folder(), file), Fso::kFileNotFound);
   EXPECT_EQ(files.GetFile("", file), Fso::kInvalidCall);
 }
 
@@ -78,15 +68,10 @@ TEST(FileSystemObject, TypesAreTheRegistrys) {
   pc.SetText(HKEY_CLASSES_ROOT, ".txt", "", "txtfile");
   pc.SetText(HKEY_CLASSES_ROOT, "txtfile", "", "Text Document");
   pc.SetText(HKEY_CLASSES_ROOT, ".bak", "", "gone");
-  const struct {
-    const char* name;
-    const char* type;
-  } kCases[] = {{"a.TXT", "Text Document"},
-                {"a.txt.bak", "BAK File"},
-                {"~a.tmp", "TMP File"},
-                {"a", "File"},
-                {".x", "X File"}};
-  for (const auto& [name, type] : kCases) {
+  for (const auto& [name, type] : {std::pair{"a.TXT", "Text Document"},
+                                   {"a.txt.bak", "BAK File"},
+                                   {"~a.tmp", "TMP File"},
+                                   {"a", "File"}}) {
     const std::string path = pc.folder() + '\\' + name;
     pc.MakeFile(path);
     Fso::File file;
@@ -95,31 +80,17 @@ TEST(FileSystemObject, TypesAreTheRegistrys) {
   }
 }
 
-TEST(FileSystemObject, DrivesAreThoseOfThePc) {
+TEST(FileSystemObject, DrivesAreOfManyKinds) {
   TestPc pc;
-  const Fso files;
   Fso::Drive drive;
   for (const char* const text : {"c", "C:", "c:\\"}) {
-    ASSERT_EQ(files.GetDrive(text, drive), Fso::kNone) << text;
+    ASSERT_EQ(Fso().GetDrive(text, drive), Fso::kNone) << text;
     EXPECT_EQ(drive.DriveLetter(), "C");
   }
-  EXPECT_EQ(drive.DriveType(), Fso::Drive::kFixed);
-  EXPECT_EQ(drive.RootFolder(), "C:\\");
-  EXPECT_EQ(drive.ShareName(), "");
   EXPECT_TRUE(drive.IsReady());
-  EXPECT_TRUE(drive.VolumeName().has_value());
-  for (const char* const text : {"", ":", "CD", "C:\\x", "1"}) {
-    EXPECT_EQ(files.GetDrive(text, drive), Fso::kInvalidCall) << text;
-  }
-  EXPECT_EQ(files.GetDrive("Q", drive), Fso::kDeviceUnavailable);
-  const std::vector<Fso::Drive> drives = files.Drives();
-  EXPECT_TRUE(std::any_of(drives.begin(), drives.end(),
-                          [](const Fso::Drive& one) { return one.DriveLetter() == "C"; }));
-}
-
-TEST(FileSystemObject, DrivesAreOfManyKinds) {
+  EXPECT_EQ(Fso().GetDrive("C:\\x", drive), Fso::kInvalidCall);
+  EXPECT_EQ(Fso().GetDrive("Q", drive), Fso::kDeviceUnavailable);
   if (!TestPc::CanFault()) GTEST_SKIP() << "drives can't be made on this ground";
-  TestPc pc;
   const struct {
     char letter;
     const char* description;
@@ -137,7 +108,6 @@ TEST(FileSystemObject, DrivesAreOfManyKinds) {
   for (const auto& [letter, description, told] : kCases) {
     pc.SetDrive(letter, description);
     letters += letter;
-    Fso::Drive drive;
     ASSERT_EQ(Fso().GetDrive({&letter, 1}, drive), Fso::kNone);
     EXPECT_EQ(std::to_string(drive.DriveType()) + (drive.IsReady() ? " 1 " : " 0 ") +
                   drive.VolumeName().value_or("-") + ' ' + drive.ShareName(),
@@ -145,16 +115,10 @@ TEST(FileSystemObject, DrivesAreOfManyKinds) {
         << description;
   }
   std::string found;
-  for (const Fso::Drive& drive : Fso().Drives()) found += drive.DriveLetter();
+  for (const Fso::Drive& one : Fso().Drives()) found += one.DriveLetter();
   EXPECT_EQ(found, letters);
-  EXPECT_EQ(GetDriveTypeA("Q:\\"), DRIVE_NO_ROOT_DIR);
-  EXPECT_EQ(GetDriveTypeA("C:\\Windows"), DRIVE_NO_ROOT_DIR);
-  EXPECT_EQ(GetDriveTypeA(nullptr), DRIVE_FIXED);
   Fso::Folder folder;
   EXPECT_EQ(Fso().GetFolder("E:\\", folder), Fso::kDiskNotReady);
-  const std::string inside = "N:\\x\\f.txt";
-  pc.MakeFile(inside);
-  EXPECT_TRUE(pc.FileExists(inside));
 }
 
 }  // namespace

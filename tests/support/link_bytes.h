@@ -51,7 +51,7 @@ inline std::string FileItem(const std::string& name, const std::string& long_nam
                             std::size_t version = 3) {
   std::string item = std::string("\x32\0", 2) + Zeros(10) + NarrowText(name);
   if (long_name.empty()) return item;
-  const std::size_t fixed = version == 3 ? 0x14 : version == 7 ? 0x26 : version == 8 ? 0x2A : 0x2E;
+  const std::size_t fixed = version == 3 ? 0x14 : 0x2E;
   std::string block = Word(version) + Long(0xBEEF0004) + Zeros(fixed - 8) + WideText(long_name) +
                       Word(item.size() + 2);
   return item + Word(block.size() + 2) + block;

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "platform/hosted/pc_settings.h"
+#include "platform/hosted/recycle_bin.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
@@ -14,14 +15,13 @@ namespace fs = std::filesystem;
 
 class FileStoreTest : public testing::Test {
  public:
-  FileStoreTest() {
-    fs::create_directories(drive() / "Folder");
-    settings_.drives['E'] = PcDrive{DRIVE_CDROM, false, {}, {}};
-  }
+  FileStoreTest() { fs::create_directories(drive() / "Folder/Sub"); }
 
  protected:
   fs::path drive() const { return root_ / "drives/C"; }
-  static void Put(const fs::path& path) { std::ofstream(path) << "x"; }
+  static void Put(const fs::path& path, const std::string& text = "x") {
+    std::ofstream(path) << text;
+  }
   static LONG Look(FileStore& files, std::string_view path) {
     DWORD attributes = 0;
     return files.GetAttributes(path, attributes);
@@ -37,15 +37,9 @@ TEST_F(FileStoreTest, SeesWhatOthersChangeOnTheHost) {
   EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_FILE_NOT_FOUND);
   Put(drive() / "Folder/F.TXT");
   EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_SUCCESS);
-  fs::remove(drive() / "Folder/F.TXT");
-  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_FILE_NOT_FOUND);
-  Put(drive() / "Folder/f.txt");
-  EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_SUCCESS);
   fs::rename(drive() / "Folder", drive() / "FOLDER2");
   EXPECT_EQ(Look(files, "C:\\Folder\\f.txt"), ERROR_PATH_NOT_FOUND);
   EXPECT_EQ(Look(files, "C:\\folder2\\f.txt"), ERROR_SUCCESS);
-  fs::create_directories(root_ / "drives/D/x");
-  EXPECT_EQ(Look(files, "D:\\x"), ERROR_SUCCESS);
 }
 
 TEST_F(FileStoreTest, TheHostsOwnFilesAreOutOfReach) {
@@ -63,7 +57,7 @@ TEST_F(FileStoreTest, TheHostsOwnFilesAreOutOfReach) {
   }
   // Also when the link comes after its folder was looked into.
   EXPECT_EQ(Look(files, "C:\\Folder\\outside.txt"), ERROR_FILE_NOT_FOUND);
-  fs::remove(drive() / "Folder");
+  fs::remove_all(drive() / "Folder");
   fs::create_directory_symlink(root_, drive() / "Folder");
   EXPECT_NE(files.Delete("C:\\Folder\\outside.txt"), ERROR_SUCCESS);
   EXPECT_NE(files.WriteWhole("C:\\Folder\\outside.txt", "y"), ERROR_SUCCESS);
@@ -71,19 +65,54 @@ TEST_F(FileStoreTest, TheHostsOwnFilesAreOutOfReach) {
   EXPECT_EQ(fs::file_size(root_ / "outside.txt"), 1U);
 }
 
-TEST_F(FileStoreTest, DrivesAndAttributesComeFromTheSettings) {
-  Put(drive() / "Folder/f.txt");
-  settings_.attributes = {{"C:\\folder\\F.txt", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}};
-  settings_.denied_files = {"C:\\secret"};
+constexpr SYSTEMTIME kTime{2006, 11, 6, 4, 13, 5, 9, 0};
+
+TEST_F(FileStoreTest, TheBinGivesFilesBackAsTheyWere) {
+  const std::string path = "C:\\Folder\\Sub\\File.txt";
+  {
+    FileStore files(root_, settings_);
+    Put(root_ / "drives/C/Folder/Sub/file.TXT", "first");
+    files.SetAttributes(path, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
+    RecycleBin bin(root_ / "recycled", files);
+    ASSERT_EQ(bin.Throw(path, kTime), ERROR_SUCCESS);
+    Put(root_ / "drives/C/Folder/Sub/File.txt", "second");
+    ASSERT_EQ(bin.Throw("c:/folder/sub/file.txt", kTime), ERROR_SUCCESS);
+  }
+  fs::remove_all(root_ / "drives/C/Folder");
+  Put(root_ / "recycled/3.info", "path=C:\\x\ndeleted=2006-11-04 13:05:09\nattributes=32\n");
+  Put(root_ / "recycled/5", "no record");
+
   FileStore files(root_, settings_);
+  RecycleBin bin(root_ / "recycled", files);
+  const std::vector<RecycleBin::Item> items = bin.List();
+  ASSERT_EQ(items.size(), 2U);
+  EXPECT_EQ(items[0].path, path);
+  EXPECT_EQ(items[0].deleted.wHour, kTime.wHour);
+  ASSERT_EQ(bin.Restore(0), ERROR_SUCCESS);
   DWORD attributes = 0;
-  EXPECT_EQ(files.GetAttributes("C:\\Folder\\f.txt", attributes), ERROR_SUCCESS);
-  EXPECT_EQ(attributes, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
-  EXPECT_EQ(Look(files, "E:\\x"), ERROR_NOT_READY);
-  EXPECT_EQ(Look(files, "Q:\\x"), ERROR_PATH_NOT_FOUND);
-  EXPECT_EQ(Look(files, "\\\\server\\share"), ERROR_BAD_NETPATH);
-  EXPECT_EQ(Look(files, "C:\\a:b"), ERROR_INVALID_NAME);
-  EXPECT_EQ(Look(files, "C:\\Secret\\x"), ERROR_ACCESS_DENIED);
+  std::string bytes;
+  EXPECT_EQ(files.GetAttributes(path, attributes), ERROR_SUCCESS);
+  EXPECT_EQ(attributes, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(files.ReadWhole(path, bytes), ERROR_SUCCESS);
+  EXPECT_EQ(bytes, "first");
+  EXPECT_EQ(bin.Restore(0), ERROR_FILE_EXISTS);
+  EXPECT_EQ(bin.Restore(1), ERROR_FILE_NOT_FOUND);
+  EXPECT_EQ(bin.List().size(), 1U);
+}
+
+TEST_F(FileStoreTest, NoRecordLeadsOutOfThePc) {
+  fs::create_directory(root_ / "recycled");
+  for (const char* const path : {"C:\\..\\..\\x", "C:\\../../../x", "/x", "\\\\?\\C:\\x"}) {
+    Put(root_ / "recycled/1", "bytes");
+    Put(root_ / "recycled/1.info",
+        std::string("path=") + path + "\ndeleted=2006-11-04 13:05:09\nattributes=32\n");
+    FileStore files(root_, settings_);
+    RecycleBin(root_ / "recycled", files).Restore(0);
+    EXPECT_FALSE(fs::exists(root_ / "x")) << path;
+    EXPECT_FALSE(fs::exists(root_.parent_path() / "x")) << path;
+    EXPECT_FALSE(fs::exists(root_ / "drives/x")) << path;
+    fs::remove(root_ / "drives/C/x");
+  }
 }
 
 }  // namespace
