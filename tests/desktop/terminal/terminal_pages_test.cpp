@@ -16,7 +16,6 @@
 namespace tidemark {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -123,13 +122,15 @@ TEST_F(TerminalPagesTest, EveryPageFitsItsTerminalAndLosesNothing) {
   }
 }
 
-TEST_F(TerminalPagesTest, ListsSideBySideAreReadOneByOne) {
+TEST_F(TerminalPagesTest, ListsSideBySideAreReadOneByOneAndTicked) {
   Turn({&window.picJunkCriteria});
+  EXPECT_EQ(Refusal("tick tvDrives D"), "");
+  EXPECT_EQ(Refusal("tick tvDrives E"), "tvDrives has no row E");
   const std::string page = Page();
   std::size_t at = 0;
   for (const char* piece :
-       {"Drives to scan", "Local Disk", "Files that count as junk", "cmdFileTypes(0) Add",
-        "(3) Revert", "Folders that are left alone", "cmdExcludeFolders(0) Add", "cmdJunkScan"}) {
+       {"Drives to scan", "Local Disk", "  2  [x] Data (D:)\n", "Files that count as junk",
+        "cmdFileTypes(0) Add", "(3) Revert", "Folders that are left alone", "cmdJunkScan"}) {
     const std::size_t found = page.find(piece, at);
     ASSERT_NE(found, std::string::npos) << piece << " in\n" << page;
     at = found;
@@ -144,7 +145,6 @@ TEST_F(TerminalPagesTest, WhatLiesBehindAPanelIsNeitherSeenNorClicked) {
   EXPECT_THAT(Page(), Not(HasSubstr("tvDrives")));
   EXPECT_THAT(Page(), HasSubstr("lvJunkFiles"));
   EXPECT_EQ(Refusal("click cmdJunkScan"), "cmdJunkScan is not shown");
-  EXPECT_EQ(Refusal("click imgtoolbar(3)"), "imgtoolbar(3) is not shown");
   place.left = 10000;
   window.picJunkScan.SetPlace(place);
   EXPECT_THAT(Page(), Not(HasSubstr("lvJunkFiles")));
@@ -153,59 +153,31 @@ TEST_F(TerminalPagesTest, WhatLiesBehindAPanelIsNeitherSeenNorClicked) {
 
 TEST_F(TerminalPagesTest, OptionsAndTabsShowWhichOneIsChosen) {
   Turn({&window.picOptions, &window.picAdvOptions(0)});
-  Do("click optSchedule(2)");
   Do("click optSchedule(1)");
   window.cmdOptApply.SetEnabled(false);
   const std::string page = Page();
-  EXPECT_THAT(page, HasSubstr("[lblOptions(0) Options]   (1) Backups "));
-  EXPECT_THAT(page, HasSubstr("[ ] chkScheduler Auto Scan & Fix\n"));
-  EXPECT_THAT(page, HasSubstr("(o) optSchedule(1) Every Hour\n ( ) optSchedule(2) Once a Day"));
-  EXPECT_THAT(page, HasSubstr("[ cmdOptApply Apply (off) ]"));
-}
-
-TEST_F(TerminalPagesTest, ATreesNodesAreTickedByNumberKeyAndText) {
-  Turn({&window.picJunkCriteria});
-  std::vector<std::string> ticks;
-  window.tvDrives.NodeChecked.Bind([&ticks](TreeNode& node) {
-    ticks.push_back(node.Key().String() + (node.Checked() ? "+" : "-"));
-  });
-  for (const char* command : {"tick tvDrives D", "tick tvDrives d", "tick tvDrives 1",
-                              "untick tvDrives data (d:)", "tick tvDrives all"}) {
-    (void)Refusal(command);
+  for (const char* piece :
+       {"[lblOptions(0) Options]   (1) Backups ", "[ ] chkScheduler Auto Scan & Fix\n",
+        "(o) optSchedule(1) Every Hour\n ( ) optSchedule(2) Once a Day",
+        "[ cmdOptApply Apply (off) ]"}) {
+    EXPECT_THAT(page, HasSubstr(piece));
   }
-  EXPECT_THAT(ticks, ElementsAre("D+", "C+", "D-", "D+"));
-  EXPECT_EQ(Refusal("tick tvDrives E"), "tvDrives has no row E");
-  EXPECT_THAT(Page(), HasSubstr("  2  [x] Data (D:)\n"));
 }
 
 TEST_F(TerminalPagesTest, SelfDrawnButtonsAndTextBoxesAreUsed) {
-  std::vector<int> clicked;
   Turn({&window.picJunkScan});
-  for (const int index : {3, 4, 5}) {
-    window.cmdJunkFile(index).Clicked.Bind([&clicked, index] { clicked.push_back(index); });
-  }
-  window.cmdJunkFile(4).SetEnabled(false);
-  window.cmdJunkFile(5).SetVisible(false);
+  int clicks = 0;
+  window.cmdJunkFile(3).Clicked.Bind([&clicks] { ++clicks; });
   Do("click cmdJunkFile(3)");
-  EXPECT_EQ(Refusal("click cmdJunkFile(4)"), "cmdJunkFile(4) is disabled");
-  EXPECT_EQ(Refusal("click cmdJunkFile(5)"), "cmdJunkFile(5) is not shown");
-  EXPECT_THAT(clicked, ElementsAre(3));
+  window.cmdJunkFile(3).SetEnabled(false);
+  EXPECT_EQ(Refusal("click cmdJunkFile(3)"), "cmdJunkFile(3) is disabled");
+  EXPECT_EQ(clicks, 1);
 
   Turn({&window.picJunkCriteria, &window.FolderPicker});
   Do("type txtFolder  C:\\Program Files ");
   EXPECT_THAT(Page(), HasSubstr("txtFolder [C:\\Program Files]"));
-  EXPECT_EQ(window.FolderPicker.Text(), "C:\\Program Files");
   window.FolderPicker.txtFolder.SetLocked(true);
   EXPECT_EQ(Refusal("type txtFolder x"), "txtFolder is locked");
-}
-
-TEST_F(TerminalPagesTest, AMenuIsAskedForOnARow) {
-  Turn({&window.picClear});
-  std::vector<const ListItem*> rows;
-  window.lvProblems.ContextMenu.Bind([&] { rows.push_back(window.lvProblems.SelectedItem()); });
-  Do("menu lvProblems 3");
-  Do("menu lvProblems");
-  EXPECT_THAT(rows, ElementsAre(window.lvProblems.Item(3), window.lvProblems.Item(3)));
 }
 
 MATCHER_P(TwoLinesFrom, start, "") {
@@ -214,20 +186,14 @@ MATCHER_P(TwoLinesFrom, start, "") {
 
 TEST_F(TerminalPagesTest, AWindowThatIsNotUpShowsItsTitleAndTheTrayAlone) {
   window.form.SetCaption("Title");
-  std::vector<double> moves;
-  window.form.MouseMove.Bind([&moves](int, int, double x, double) { moves.push_back(x); });
   Do("minimise");
   EXPECT_THAT(Page(), TwoLinesFrom(" Title (minimised)\n tray: ["));
   EXPECT_THAT(Refusal("click cmdScanNow"), HasSubstr("minimised"));
-  Do("tray left");
   Do("restore");
   window.form.SetVisible(false);
   EXPECT_THAT(Page(), TwoLinesFrom(" Title (hidden)\n tray: ["));
   EXPECT_THAT(Refusal("click cmdScanNow"), HasSubstr("not shown"));
   EXPECT_THAT(Refusal("restore"), HasSubstr("hidden"));
-  window.form.SetScaleMode(3);
-  Do("tray RIGHT");
-  EXPECT_THAT(moves, ElementsAre(514 * 15, 517));
 }
 
 }  // namespace

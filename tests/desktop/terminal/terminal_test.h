@@ -74,19 +74,14 @@ class TerminalTest : public testing::Test {
 
   // As a procedure that asks and yields until it is answered.
   void AskWithBox(const char* question) {
-    window.MessBoxAnswer = "EMPTY";
     window.mess_box = std::make_unique<frmMessBox>("C:\\Program");
     window.mess_box->lblMessage.SetCaption(question);
     window.mess_box->cmdOK.SetVisible(false);
-    window.mess_box->cmdOK.SetEnabled(false);
-    window.mess_box->cmdNo.Clicked.Bind([this] {
-      window.MessBoxAnswer = "NO";
-      front_end.Unload(window.mess_box->form);
-    });
+    window.mess_box->cmdNo.Clicked.Bind([this] { front_end.Unload(window.mess_box->form); });
     window.mess_box->form.Unload.Bind([this] { window.mess_box.reset(); });
     front_end.Show(window.mess_box->form);
-    while (window.MessBoxAnswer == "EMPTY") front_end.DoEvents();
-    window.lblFound.SetCaption("answered " + window.MessBoxAnswer);
+    while (window.mess_box) front_end.DoEvents();
+    window.lblFound.SetCaption("answered");
   }
 
   TestPc pc;

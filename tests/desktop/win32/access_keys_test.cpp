@@ -11,18 +11,6 @@
 namespace tidemark {
 namespace {
 
-TEST(AccessKeys, AreBehindTheFirstAmpersandThatIsNotDoubled) {
-  for (const auto& [text, key] : std::map<std::string, char>{{"", 0},
-                                                             {"Tell", 0},
-                                                             {"&", 0},
-                                                             {"&Tell", 't'},
-                                                             {"Fish && Chips", 0},
-                                                             {"A && &B", 'b'},
-                                                             {"End&", 0}}) {
-    EXPECT_EQ(FormKeyboard::AccessKeyOf(text), key) << text;
-  }
-}
-
 // The names of the controls that share a key with another one.
 std::string Clashes(frmMain& window) {
   Resources resources(window.application.folder);

@@ -3,7 +3,6 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "desktop/win32/form_peers.h"
 #include "desktop/win32/win32_front_end.h"
@@ -16,13 +15,11 @@ struct Box {
   Form form{"box"};
   CommandButton first{&form, "first"};
   CommandButton second{&form, "second"};
-  Timer timer{&form, "timer"};
   Box() {
     form.SetPlace({0, 0, 4500, 3000});
     first.SetPlace({300, 300, 1500, 390});
     first.SetCaption("&First");
     second.SetPlace({300, 900, 1500, 390});
-    timer.SetEnabled(false);
   }
 };
 
@@ -63,19 +60,15 @@ TEST(Win32FrontEnd, WhatAHandlerThrowsUnwindsTheLoopsBeneath) {
     while (true) front_end.DoEvents();  // as a scan does
   });
   box.form.Unload.Bind([&] { front_end.End(); });
-  EXPECT_EQ(front_end.Run([&] {
-    front_end.Show(box.form);
-    PressFirst(front_end, box.form);
-  }),
-            0);
-  EXPECT_TRUE(unwound);
-  EXPECT_EQ(front_end.WindowHandle(box.form), nullptr);
-
-  box.first.Clicked.Bind([] { throw std::runtime_error("a fault"); });
   const auto run = [&] {
     front_end.Show(box.form);
     PressFirst(front_end, box.form);
   };
+  EXPECT_EQ(front_end.Run(run), 0);
+  EXPECT_TRUE(unwound);
+  EXPECT_EQ(front_end.WindowHandle(box.form), nullptr);
+
+  box.first.Clicked.Bind([] { throw std::runtime_error("a fault"); });
   EXPECT_THROW(front_end.Run(run), std::runtime_error);
 }
 
@@ -95,25 +88,6 @@ TEST(Win32FrontEnd, AFormIsLoadedOnceAndAgainAfterItsFrameHasClosedIt) {
   front_end.Show(box.form);
   EXPECT_EQ(loaded, 2);
   EXPECT_NE(ButtonWindow(front_end, box.form, "&First"), nullptr);
-}
-
-TEST(Win32FrontEnd, TimersTickAtYieldsWhileTheyAreEnabled) {
-  Win32FrontEnd front_end(".");
-  Box box;
-  int ticks = 0;
-  box.timer.Tick.Bind([&] { ++ticks; });
-  box.timer.SetInterval(30);
-  front_end.Show(box.form);
-  const auto yield_for = [&](ULONGLONG milliseconds) {
-    const ULONGLONG end = GetTickCount64() + milliseconds;
-    while (GetTickCount64() < end) front_end.DoEvents();
-  };
-  yield_for(100);
-  EXPECT_EQ(ticks, 0);
-  box.timer.SetEnabled(true);
-  yield_for(400);
-  EXPECT_GE(ticks, 2);
-  EXPECT_LE(ticks, 14);
 }
 
 TEST(Win32FrontEnd, WhoeverOnlyWaitsDoesNotBurnTheProcessor) {
@@ -158,28 +132,18 @@ TEST(FormPeers, TheKeyboardReachesWhatIsSeenInReadingOrder) {
   form.SetPlace({0, 0, 6000, 6000});
   PictureBox panel(&form, "panel");
   panel.SetPlace({0, 1500, 6000, 4500});
-  struct Placed {
-    const char* name;
-    Control* container;
-    Bounds place;
-  };
-  std::vector<std::unique_ptr<CommandButton>> buttons;
-  for (const Placed& placed :
-       {Placed{"last", &panel, {300, 2000, 900, 300}},
-        Placed{"right", &panel, {3000, 60, 900, 300}}, Placed{"left", &panel, {300, 100, 900, 300}},
-        Placed{"hidden", &panel, {300, 3000, 900, 300}},
-        Placed{"disabled", &panel, {300, 3000, 900, 300}},
-        Placed{"outside", &form, {300, 9000, 900, 300}},
-        Placed{"top", &form, {300, 300, 900, 300}}}) {
-    buttons.push_back(std::make_unique<CommandButton>(placed.container, placed.name));
-    buttons.back()->SetPlace(placed.place);
-  }
-  ListView selection(&panel, "selection");
-  ListView status(&panel, "status");
+  CommandButton last(&panel, "last"), right(&panel, "right"), left(&panel, "left");
+  CommandButton hidden(&panel, "hidden"), outside(&form, "outside"), top(&form, "top");
+  ListView selection(&panel, "selection"), status(&panel, "status");
+  last.SetPlace({300, 2000, 900, 300});
+  right.SetPlace({3000, 60, 900, 300});
+  left.SetPlace({300, 100, 900, 300});
+  hidden.SetPlace({300, 3000, 900, 300});
+  outside.SetPlace({300, 9000, 900, 300});
+  top.SetPlace({300, 300, 900, 300});
   for (Control* list : {&selection, &status}) list->SetPlace({300, 1000, 900, 300});
   form.SetVisible(true);
-  form.Find("hidden")->SetVisible(false);
-  form.Find("disabled")->SetEnabled(false);
+  hidden.SetVisible(false);
   const HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 600, 600, nullptr, nullptr,
                                       nullptr, nullptr);
   FormPeers peers(form, resources, window);
@@ -192,21 +156,9 @@ TEST(FormPeers, TheKeyboardReachesWhatIsSeenInReadingOrder) {
   EXPECT_EQ(names(), "top left right status last ");
   selection.BringToFront();
   EXPECT_EQ(names(), "top left right selection last ");
-  panel.SetVisible(false);
-  EXPECT_EQ(names(), "top ");
+  left.SetEnabled(false);
+  EXPECT_EQ(names(), "top right selection last ");
   DestroyWindow(window);
-}
-
-TEST(Resources, NeighboursStayNeighboursAtAnyDotsPerInch) {
-  Resources resources(".");
-  for (const int dots : {96, 120, 144, 192}) {
-    resources.SetDotsPerInch(dots);
-    EXPECT_EQ(resources.Pixels(1440), dots);
-    for (int left = 0; left < 300; left += 7) {
-      EXPECT_EQ(resources.PixelsOf({left, 0, 95, 10}).right,
-                resources.PixelsOf({left + 95, 0, 95, 10}).left);
-    }
-  }
 }
 
 }  // namespace

@@ -85,7 +85,6 @@ TEST_F(ModalBoxes, EndModalLoopsAnswersNoAndClosesNotices) {
   WhenOpen(EndModalLoops);
   ShowMessageBox(owner_, "Done", kTitle, MessageIcon::kInformation, false);
   EXPECT_EQ(Box(), nullptr);
-
   WhenOpen([] { PostMessageA(Box(), WM_COMMAND, IDYES, 0); });
   EXPECT_TRUE(ShowMessageBox(owner_, "Sure?", kTitle, MessageIcon::kExclamation, true));
 }
