@@ -30,7 +30,7 @@ TEST(TimeFormats, TakeTheLocalesSeparators) {
   TestPc pc;
   const SYSTEMTIME time{2006, 11, 6, 4, 13, 5, 9, 0};
   EXPECT_EQ(FormatTime(time, "dd/mm/yy hh:nn:ss"), "04/11/06 13:05:09");
-  EXPECT_EQ(FormatTime(time, "yymmdd_hhnnss, d"), "061104_130509, d");
+  EXPECT_EQ(FormatTime(time, "yymmdd_hhnnss"), "061104_130509");
   EXPECT_EQ(DateTimeText(time), "11/4/2006 1:05:09 PM");
   EXPECT_EQ(DateTimeText({2006, 11, 6, 4, 0, 0, 0, 5}), "11/4/2006") << "midnight";
   pc.SetLocale("d.M.yyyy", "HH.mm.ss");

@@ -23,11 +23,11 @@ struct BackupPc : WindowPc {
   }
   std::vector<std::string> Names() const { return Rows(window.LvBackup, {0}); }
   void List() { Loadbackup(window); }
-  void SelectFirst() { window.LvBackup.UserSelect(*window.LvBackup.Item(1)); }
-
-  // A script that sets these values of the test's own key.
-  std::string Script(const std::string& lines) const {
-    return "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + pc.LiveKey() + "]\r\n" + lines;
+  // A listed script that sets "v" of the test's own key to "old".
+  void Plant(const std::string& name) {
+    pc.MakeFile(File(name),
+                "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\" + pc.LiveKey() + "]\r\n\"v\"=\"old\"\r\n");
+    List();
   }
   void Set(const char* name, const std::string& text) {
     pc.SetText(HKEY_CURRENT_USER, pc.LiveKey(), name, text);
@@ -46,13 +46,16 @@ struct BackupPc : WindowPc {
     }
     return text;
   }
-  // Answers the next question, and remembers it.
-  void Answer(CommandButton frmMessBox::*button) {
+  // Presses it with the first row selected, answers what it asks, and remembers the question.
+  void Press(CommandButton& pressed, CommandButton frmMessBox::*answer) {
+    window.LvBackup.UserSelect(*window.LvBackup.Item(1));
+    question.clear();
     front_end.When([this] { return window.mess_box && window.mess_box->cmdYes.Visible(); },
-                   [this, button] {
+                   [this, answer] {
                      question = Box();
-                     ((*window.mess_box).*button).Click();
+                     ((*window.mess_box).*answer).Click();
                    });
+    pressed.Click();
   }
 
   // An editor that has ended lets go of its file.
@@ -88,10 +91,6 @@ TEST(Backups, ListsTheScriptsOfItsFolderWithTheirDates) {
   ASSERT_EQ(FileSystemObject().GetFile(on.File("RegBackup_1.reg"), file), FileSystemObject::kNone);
   EXPECT_EQ(row.SubItem(1), DateTimeText(file.DateLastModified().value()));
   EXPECT_EQ(row.SmallIcon(), 3);
-  on.pc.MakeFile(on.File(" blank.reg"));
-  on.List();
-  ASSERT_EQ(on.Names()[0], " blank.reg");
-  EXPECT_NE(on.window.LvBackup.Item(1)->SubItem(1), "");
 }
 
 TEST(Backups, ABackupIsMadeListedAndRemoved) {
@@ -110,29 +109,23 @@ TEST(Backups, ABackupIsMadeListedAndRemoved) {
   EXPECT_GT(on.pc.ReadFile(on.File(name)).size(), 100U);
   on.window.mess_box->cmdOK.Click();
 
-  on.SelectFirst();
-  on.Answer(&frmMessBox::cmdNo);
-  on.window.cmdRemove.Click();
+  on.Press(on.window.cmdRemove, &frmMessBox::cmdNo);
   EXPECT_EQ(on.question,
             "Tidemark - Delete Backup File?|"
             "Are you sure you would like to delete the backup file:\r\n" +
                 name + "|&Yes&No");
   EXPECT_TRUE(on.pc.FileExists(on.File(name)));
-  on.Answer(&frmMessBox::cmdYes);
-  on.window.cmdRemove.Click();
+  on.Press(on.window.cmdRemove, &frmMessBox::cmdYes);
   EXPECT_FALSE(on.pc.FileExists(on.File(name)));
   EXPECT_EQ(on.Names(), std::vector<std::string>{});
 }
 
 TEST(Backups, ARestoredFileIsImportedAndUsedUp) {
   BackupPc on;
-  on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+  on.Plant("one.reg");
   on.Set("v", "new");
-  on.List();
-  on.SelectFirst();
   on.pc.MakeFile(on.File("two.reg"));
-  on.Answer(&frmMessBox::cmdNo);
-  on.window.cmdRestore.Click();
+  on.Press(on.window.cmdRestore, &frmMessBox::cmdNo);
   EXPECT_EQ(on.question,
             "Tidemark - Restore Backup File?|Are you sure you would like to restore your registry "
             "using the backup file:\r\none.reg|&Yes&No");
@@ -140,8 +133,7 @@ TEST(Backups, ARestoredFileIsImportedAndUsedUp) {
   EXPECT_EQ(on.Box(), "no box");
   // The list may be filled anew, with nothing selected, while the question is up.
   on.front_end.When([&] { return on.window.mess_box != nullptr; }, [&] { on.List(); });
-  on.Answer(&frmMessBox::cmdYes);
-  on.window.cmdRestore.Click();
+  on.Press(on.window.cmdRestore, &frmMessBox::cmdYes);
   EXPECT_EQ(on.Box(), kRestored);
   EXPECT_EQ(on.Names(), std::vector<std::string>{"two.reg"});
   Sleep(500);
@@ -157,34 +149,21 @@ TEST(Backups, TheWholeRegistryIsWhatItWas) {
   Sleep(100);
   on.Set("changed", "after");
   SHDeleteKeyA(HKEY_CURRENT_USER, on.pc.LiveKey().c_str());
-  on.SelectFirst();
-  on.Answer(&frmMessBox::cmdYes);
-  on.window.cmdRestore.Click();
+  on.Press(on.window.cmdRestore, &frmMessBox::cmdYes);
   Sleep(100);
   EXPECT_EQ(on.Get("changed") + " " + on.Get("deleted"), "before before");
   EXPECT_EQ(on.Names(), std::vector<std::string>{});
 }
 
-TEST(Backups, WithNoRowSelectedNothingHappens) {
+TEST(Backups, WhereThereIsNoFileNothingIsRestored) {
   BackupPc on;
-  on.pc.MakeFile(on.File("one.reg"));
-  on.window.cmdRestore.Click();
-  on.window.cmdRemove.Click();
-  EXPECT_EQ(on.Box(), "no box");
-  EXPECT_EQ(on.Names(), std::vector<std::string>{}) << "not even the list is filled";
-}
-
-TEST(Backups, AFileThatHasVanishedIsNotRestoredAndIsRemovedInVain) {
-  BackupPc on;
-  for (Control* button : {&on.window.cmdRestore, &on.window.cmdRemove}) {
-    on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
-    on.List();
-    on.SelectFirst();
+  for (CommandButton* button : {&on.window.cmdRestore, &on.window.cmdRemove}) {
+    button->Click();
+    EXPECT_EQ(on.Box(), "no box") << "no row is selected";
+    on.Plant("one.reg");
     DeleteFileA(on.File("one.reg").c_str());
-    on.question.clear();
-    on.Answer(&frmMessBox::cmdYes);
-    dynamic_cast<CommandButton&>(*button).Click();
-    EXPECT_EQ(on.question.empty(), button == &on.window.cmdRestore);
+    on.Press(*button, &frmMessBox::cmdYes);
+    EXPECT_EQ(on.question.empty(), button == &on.window.cmdRestore) << "removed in vain";
     EXPECT_EQ(on.Box(), "no box");
     EXPECT_EQ(on.Names(), std::vector<std::string>{});
   }
@@ -192,13 +171,10 @@ TEST(Backups, AFileThatHasVanishedIsNotRestoredAndIsRemovedInVain) {
 
 TEST(Backups, AReadOnlyFileStaysInTheList) {
   BackupPc on;
-  on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+  on.Plant("one.reg");
   SetFileAttributesA(on.File("one.reg").c_str(), FILE_ATTRIBUTE_READONLY);
-  on.List();
   for (CommandButton* button : {&on.window.cmdRemove, &on.window.cmdRestore}) {
-    on.SelectFirst();
-    on.Answer(&frmMessBox::cmdYes);
-    button->Click();
+    on.Press(*button, &frmMessBox::cmdYes);
     EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"});
   }
   Sleep(500);
@@ -215,13 +191,12 @@ TEST(Backups, AFolderThatIsGoneIsMadeAgain) {
   EXPECT_NE(on.Box().find("successfully"), std::string::npos) << "success is told all the same";
   EXPECT_EQ(on.Names(), std::vector<std::string>{});
   on.pc.MakeFile(on.window.application.folder + "\\backup\\one.reg");
-  on.List();
-  EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"});
-  on.window.application.folder = on.pc.folder() + "\\Nowhere";
-  on.List();
-  EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"})
-      << "where it can't be made, the folder before stays";
-  EXPECT_EQ(on.window.LvBackup.Item(1)->SubItem(1), "") << "and its files are not this one's";
+  for (const char* folder : {"\\Elsewhere", "\\Nowhere"}) {
+    on.window.application.folder = on.pc.folder() + folder;
+    on.List();
+    EXPECT_EQ(on.Names(), std::vector<std::string>{"one.reg"})
+        << "where it can't be made, the folder before stays";
+  }
 }
 
 TEST(Backups, ASlowImportIsToldAsDoneAndMayLoseItsFile) {
@@ -232,13 +207,10 @@ TEST(Backups, ASlowImportIsToldAsDoneAndMayLoseItsFile) {
   for (const Case& one : {Case{5000, 1, "old"}, {5000, 1900, "old"}, {2, 3000, "new"}}) {
     BackupPc on;
     if (!on.pc.CanFault()) GTEST_SKIP() << "the editor can't be told to be slow on this ground";
-    on.pc.MakeFile(on.File("one.reg"), on.Script("\"v\"=\"old\"\r\n"));
+    on.Plant("one.reg");
     on.Set("v", "new");
-    on.List();
-    on.SelectFirst();
     on.pc.SlowEditor(one.duration_ms, one.start_up_ms);
-    on.Answer(&frmMessBox::cmdYes);
-    on.window.cmdRestore.Click();
+    on.Press(on.window.cmdRestore, &frmMessBox::cmdYes);
     EXPECT_EQ(on.Box(), kRestored);
     EXPECT_EQ(on.Names(), std::vector<std::string>{});
     EXPECT_EQ(on.Get("v"), "new") << "not yet";

@@ -29,29 +29,23 @@ TEST(ScanClassKey, FollowsTheChainForEachValue) {
       {"InprocServer32", "", "Q:\\gone folder\\x.dll", ""},
       {"InprocServer32", "", "bare.dll", ""},
       {"TypeLib", "", "", "no value for TypeLib"},
-      {"TypeLib", "any", "", "no value for TypeLib"},
       {"TYPELIB", "", "{GONE}", "Points to missing TypeLib"},
       {"TypeLib", "", "{known}", ""},
       {"TypeLib", "", "GONE", ""},
       {"CLSID", "", "", "No value for CLSID"},
       {"CLSID", "", "{GONE}", "Points to missing CLSID"},
-      {"CLSID", "", "{1}", ""},
       {"ProgID", "", "", "Points to missing progid"},
       {"VersionIndependentProgID", "", "", "Points to missing progid"},
-      {"VersionIndependentProgID", "", "Gone.Type", ""},
       {"ProgID", "", "Gone.Type", "Points to missing progid"},
       {"ProgID", "", "Known.Type", ""},
       {"InprocServer32", "", "", "Empty InprocServer32"},
-      {"inprocserver", "", "", "Empty InprocServer"},
       {"Other", "Clsid", "", "Empty CLSID"},
       {"Other", "clsid", "{GONE}", ""},
       {"Other", "TypeLib", "{GONE}", "Point to Invalid TypeLib"},
-      {"Other", "TypeLib", "{known}", ""},
       {"Other", "ProgID", "Known.Type", "Point to Invalid ProgID"},
       {"Other", "ProgID", "Listed.Type", ""},
       {"Other", "InprocServer32", "", "Empty InprocServer32"},
       {"Other", "InprocServer", "", "Empty InprocServer"},
-      {"Other", "", "", ""},
       {"Mstcp settings", "InprocServer", "", ""},
       {"Mstcp settings\\Other", "InprocServer", "", "Empty InprocServer"},
   };
@@ -78,15 +72,16 @@ TEST(ScanPathKey, ReportsWhatIsGoneInAnyDepthInRegistryOrder) {
   on.window.IgnoreList = {};
   const std::string file = on.pc.folder() + "\\there.exe";
   on.pc.MakeFile(file);
+  const std::string gone = on.pc.folder() + "\\gone.exe";
   on.pc.SetText(HKEY_CURRENT_USER, kRun, "a good", file);
-  on.pc.SetText(HKEY_CURRENT_USER, kRun, "b gone", on.pc.folder() + "\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "b gone", gone);
   on.pc.SetText(HKEY_CURRENT_USER, kRun, "c passed over", "Q:\\gone.exe");
-  on.pc.SetText(HKEY_CURRENT_USER, kRun, "d expand", on.pc.folder() + "\\gone", REG_EXPAND_SZ);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "d expand", gone, REG_EXPAND_SZ);
   on.pc.SetText(HKEY_CURRENT_USER, kRun, "e bare", "gone.exe");
   on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "f bytes", "C:\\gone");
-  on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\Sub\\Deep", "", on.pc.folder() + "\\gone.exe");
-  on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\x MsTcp", "y", on.pc.folder() + "\\gone.exe");
-  on.pc.SetText(HKEY_CURRENT_USER, kRun, "g mstcp", on.pc.folder() + "\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "g mstcp", gone);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\Sub\\Deep", "", gone);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun + "\\x MsTcp", "y", gone);
   ScanPathKey(on.window, HKEY_CURRENT_USER, kRun);
   EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kValueName, kValueType}),
             (Rows{"HKEY_CURRENT_USER\\" + kRun + "|b gone|1",
@@ -138,9 +133,6 @@ TEST(ScanFontKey, PutsTheFontsFolderAheadOfAnyData) {
   ScanFontKey(on.window, HKEY_LOCAL_MACHINE, key);
   EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {kValueData, kReason}),
             (Rows{"gone-font.ttf|Invalid Font", fonts + "\\tm-there.ttf|Invalid Font"}));
-  on.pc.SetText(HKEY_LOCAL_MACHINE, "Software\\Classes\\Fonts", "Gone", "gone-font.ttf");
-  ScanFontKey(on.window, HKEY_LOCAL_MACHINE, "software\\classes\\Fonts");
-  EXPECT_EQ(on.window.lvInvalidLoc.Count(), 2) << "the class tree is never entered";
 }
 
 TEST(ScanAssocRoot, FindsFileTypesThatAreMissingEmptyOrBroken) {
@@ -196,20 +188,18 @@ TEST(Walkers, MoveTheBarByTheirOwnRules) {
   // A key with 2 values and 3 sub-keys; the bar comes from 0 of 1.
   for (const char* name : {"a", "b"}) on.pc.SetText(HKEY_CURRENT_USER, "Bar", name, "x");
   for (const char* key : {"Bar\\1", "Bar\\2", "Bar\\3"}) on.pc.MakeKey(HKEY_CURRENT_USER, key);
-  const auto bar_after = [&](auto walker) {
+  for (const auto& [walker, max] : {std::pair{&ScanPathKey, 6},
+                                    {&ScanSharedDllKey, 6},
+                                    {&ScanFontKey, 6},
+                                    {&ScanUninstallKey, 4},
+                                    {&ScanClassRoot, 3},
+                                    {&ScanAssocRoot, 3},
+                                    {&ScanClassKey, 1},
+                                    {&ScanAssocKey, 1}}) {
     ScanKey(on.window, "no test's code");  // resets the bar and walks nothing
     walker(on.window, HKEY_CURRENT_USER, "Bar");
-    return std::pair(on.window.pbarScan.Max(), on.window.pbarScan.Value());
-  };
-  for (const auto walker : {ScanPathKey, ScanSharedDllKey, ScanFontKey}) {
-    EXPECT_EQ(bar_after(walker), std::pair(6, 5));
-  }
-  EXPECT_EQ(bar_after(ScanUninstallKey), std::pair(4, 3));
-  for (const auto walker : {ScanClassRoot, ScanAssocRoot}) {
-    EXPECT_EQ(bar_after(walker), std::pair(3, 2));
-  }
-  for (const auto walker : {ScanClassKey, ScanAssocKey}) {
-    EXPECT_EQ(bar_after(walker), std::pair(1, 0));
+    EXPECT_EQ(on.window.pbarScan.Max(), max);
+    EXPECT_EQ(on.window.pbarScan.Value(), max - 1);
   }
 }
 

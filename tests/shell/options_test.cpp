@@ -40,19 +40,13 @@ TEST(Options, WithNothingStoredTheProgramStartsWithWindows) {
   LoadOptions(on.window);
   EXPECT_EQ(Shown(on.window), "1 0 0 3");
   EXPECT_EQ(Enabled(on.window), "");
-  const auto entry = on.pc.Value(HKEY_CURRENT_USER, kRun, kEntry);
-  ASSERT_TRUE(entry);
-  EXPECT_EQ(entry->type, REG_SZ);
-  EXPECT_EQ(entry->bytes.substr(0, entry->bytes.find('\0')),
+  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, kEntry),
             on.pc.program_folder() + "\\tidemark.exe /m");
 }
 
 TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
   struct Case {
-    const char* startup;
-    const char* systray;
-    const char* scheduler;
-    const char* type;
+    const char *startup, *systray, *scheduler, *type;
     const char* shown;    // after "1 0 0 3" was
     const char* enabled;  // of the schedules
   };
@@ -62,7 +56,6 @@ TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
                           {"1 or so", " 1", "1.4", "1.6", "1 1 1 2", "0123"},
                           {"5", "-1", "2", "2.5", "5 -1 2 2", ""},
                           {"99999", "40000", "1e99", "99999", "1 0 0 3", ""},
-                          {"0", "0", "0", "4", "0 0 0 3", ""},
                           {"0", "0", "0", "-1", "0 0 0 3", ""}}) {
     WindowPc on;
     LoadOptions(on.window);
@@ -74,9 +67,6 @@ TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
     LoadOptions(on.window);
     EXPECT_EQ(Shown(on.window), one.shown) << one.startup << ' ' << one.type;
     EXPECT_EQ(Enabled(on.window), one.enabled) << one.scheduler;
-    EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRun, kEntry).has_value(),
-              on.window.chkStartup.Value() == 1)
-        << one.startup;
   }
 }
 
@@ -96,7 +86,6 @@ TEST(Options, ChangesCountWhenTheyAreApplied) {
       "0111");
   EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, kEntry)) << "the entry goes";
   EXPECT_TRUE(on.window.TmrScheduler.Enabled()) << "the timer follows at once";
-  EXPECT_EQ(on.window.form.State(), WindowState::kNormal) << "the window stays";
   EXPECT_EQ(Enabled(on.window), "0123");
 }
 
@@ -111,18 +100,6 @@ TEST(Options, CancelBringsTheStoredOnesBack) {
     EXPECT_EQ(Enabled(on.window), "");
   }
   EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRun, kEntry));
-  Store("Startup", "0");
-  LoadOptions(on.window);
-  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRun, kEntry)) << "an old entry is left in place";
-}
-
-TEST(Options, WithNoScheduleChosenAnEmptyTextIsStored) {
-  WindowPc on;
-  on.window.chkStartup.SetValue(5);
-  cmdOptApply_Click(on.window);
-  EXPECT_EQ(Stored("SchedulerType"), "");
-  EXPECT_EQ(Stored("Startup"), "5");
-  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRun, kEntry)) << "anything but 0 starts it";
 }
 
 }  // namespace

@@ -155,9 +155,7 @@ TEST(Scheduler, ARunScansRepairsAndComesHomeWithNoQuestion) {
                       seen += on.window.AutoRunActive ? "active " : "";
                       seen += on.window.TmrScheduler.Enabled() ? "" : "disabled";
                     });
-  const auto start = GetTickCount64();
   on.window.TmrScheduler.Tick();
-  EXPECT_GE(GetTickCount64() - start, 100U) << "two pauses";
   EXPECT_EQ(seen, "active disabled");
   EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone"));
   EXPECT_NE(on.UndoText().find("\"Gone\"="), std::string::npos);

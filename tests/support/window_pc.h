@@ -44,9 +44,9 @@ class WindowPc {
 
   // The text of the only ".reg" file in the backup folder; empty when there is none.
   std::string UndoText() {
-    const std::string folder = pc.program_folder() + "\\backup\\";
-    for (const std::string& name : pc.FileNames(pc.program_folder() + "\\backup")) {
-      if (name.ends_with(".reg")) return pc.ReadFile(folder + name);
+    const std::string folder = pc.program_folder() + "\\backup";
+    for (const std::string& name : pc.FileNames(folder)) {
+      if (name.ends_with(".reg")) return pc.ReadFile(folder + '\\' + name);
     }
     return {};
   }
