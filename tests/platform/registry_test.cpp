@@ -2,7 +2,6 @@
 // Wine. Values are made sorted, since Wine enumerates them so.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "platform/unique_handle.h"
 #include "tests/support/test_pc.h"

@@ -6,7 +6,6 @@
 #include "helpers/system_helpers.h"
 #include "platform/locale_texts.h"
 #include "shell/main_window.h"
-#include "shell/open_dialogs.h"
 #include "shell/pages.h"
 #include "shell/status.h"
 #include "tests/support/settings.h"

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "toolkit/control_group.h"
 #include "toolkit/list_view.h"
