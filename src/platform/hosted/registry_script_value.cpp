@@ -38,6 +38,8 @@ const ScriptValue& ScriptValueReader::Read() {
     value_.name.clear();
   } else {
     ReadQuoted(value_.name);
+    // The registry's calls take a name up to its first NUL.
+    value_.name.resize(std::string_view(value_.name.c_str()).size());
   }
   if (value_.name.size() > kLongestValueName && Utf16Length(value_.name) > kLongestValueName) {
     throw ScriptFault{"the name of a value is too long"};
@@ -89,6 +91,7 @@ void ScriptValueReader::ReadEscape(std::string& into) {
   if (cursor_.AtEnd()) throw ScriptFault{"a text without its closing quote"};
   const char escaped = cursor_.Peek();
   cursor_.Advance();
+  if (escaped == '\0') throw ScriptFault{"a NUL in a text"};
   switch (escaped) {
     case '\\':
     case '"':
