@@ -36,23 +36,27 @@ Finding FindingOf(const ListItem& row) {
 
 // A sub-key of backslashes alone would be the root itself, which SplitSubKey, that knows an empty
 // one, lets pass.
-bool DeleteKey(std::string_view root_text, std::string_view key) {
-  const std::string sub_key = SplitSubKey(key);
-  if (sub_key.find_first_not_of("\\ ") == std::string::npos) return false;
-  return SHDeleteKeyA(StripHkey(root_text), sub_key.c_str()) == ERROR_SUCCESS;
+bool IsWholeRoot(std::string_view sub_key) {
+  return sub_key.find_first_not_of("\\ ") == std::string_view::npos;
+}
+
+bool DeleteKey(std::string_view root_text, const std::string& sub_key) {
+  return !IsWholeRoot(sub_key) &&
+         SHDeleteKeyA(StripHkey(root_text), sub_key.c_str()) == ERROR_SUCCESS;
 }
 
 void RepairKey(const RepairJob& job, const Finding& finding) {
   SafeRegkey(finding.path, job.window.application.folder, job.undo_file);
-  DeleteKey(finding.path, finding.path);
+  DeleteKey(finding.path, SplitSubKey(finding.path));
 }
 
-// A key that can't be deleted is not to be reported by the next scan. The key may be an ancestor of
-// the finding's.
+// A key that can't be deleted is not to be reported by the next scan, but a whole root, which every
+// key's text holds, would silence them all. The key may be an ancestor of the finding's.
 void RepairKeyOrSafeList(const RepairJob& job, const Finding& finding, const std::string& key) {
   SafeRegkey(key, job.window.application.folder, job.undo_file);
-  if (!DeleteKey(finding.path, key)) {
-    AddToSafeList(job.window.IgnoreList, job.window.application.folder, SplitSubKey(key));
+  const std::string sub_key = SplitSubKey(key);
+  if (!DeleteKey(finding.path, sub_key) && !IsWholeRoot(sub_key)) {
+    AddToSafeList(job.window.IgnoreList, job.window.application.folder, sub_key);
   }
 }
 

@@ -28,9 +28,14 @@ std::string DwordText(std::int32_t number) {
   return text;
 }
 
-// The header is written once, and its length tells which kind of record came first.
-void StartUndoFile(const std::string& undo_file, std::string_view header) {
-  if (!IsExistingFile(undo_file)) FileSystemObject().WriteAll(undo_file, header);
+// The header is written once, and its length tells which kind of record came first. False when it
+// could not be written whole: behind a part of it the editor would refuse every record, so the file
+// goes, and the next record starts another.
+bool StartUndoFile(const std::string& undo_file, std::string_view header) {
+  FileSystemObject files;
+  if (IsExistingFile(undo_file) || files.WriteAll(undo_file, header)) return true;
+  files.DeleteFile(undo_file, /*force=*/false);
+  return false;
 }
 
 }  // namespace
@@ -46,7 +51,7 @@ std::string EncodeUndoData(std::string_view data, std::int32_t type) {
 
 void SafeReg(const std::string& key, const std::string& value_name, const std::string& data,
              std::int32_t type, const std::string& undo_file) {
-  StartUndoFile(undo_file, "REGEDIT4\r\n\r\n");
+  if (!StartUndoFile(undo_file, "REGEDIT4\r\n\r\n")) return;
   const std::string name = value_name.empty() ? "@" : "\"" + DoubleBackslashes(value_name) + "\"";
   std::string record = "[" + key + "]";
   record.append(kLineEnd).append(name).append("=").append(EncodeUndoData(data, type));
@@ -69,7 +74,7 @@ std::string KeyRecord(std::string_view export_bytes) {
 
 void SafeRegkey(const std::string& key, const std::string& program_folder,
                 const std::string& undo_file) {
-  StartUndoFile(undo_file, "REGEDIT4\r\n\r\n\r\n");
+  const bool started = StartUndoFile(undo_file, "REGEDIT4\r\n\r\n\r\n");
   const std::string scratch_file = program_folder + "\\tmp.reg";
   StartProgram("regedit  /e \"" + scratch_file + "\" \"" + key + "\"",
                WindowStyle::kMinimizedFocus);
@@ -79,7 +84,7 @@ void SafeRegkey(const std::string& key, const std::string& program_folder,
   const std::optional<std::string> bytes = files.ReadAll(scratch_file);
   if (!bytes) files.Append(scratch_file, "");  // the editor has not made it yet
   const std::string record = KeyRecord(bytes.value_or(""));
-  if (!record.empty()) files.Append(undo_file, record);
+  if (started && !record.empty()) files.Append(undo_file, record);
 }
 
 }  // namespace tidemark

@@ -138,7 +138,7 @@ TEST(Repair, HidesItsButtonsWhileItRunsAndClosesWithAllSteps) {
   EXPECT_EQ(on.UndoText(), "") << "nothing was repaired";
 }
 
-TEST(Repair, NoRowCanEmptyAWholeRoot) {
+TEST(Repair, NoRowCanEmptyAWholeRootNorSilenceTheNextScan) {
   RepairPc on;
   on.pc.SetText(HKEY_CLASSES_ROOT, "Made.Type", "a", "data");
   for (const char* key : {"HKEY_CLASSES_ROOT\\", "HKEY_CLASSES_ROOT\\\\", "HKEY_CLASSES_ROOT"}) {
@@ -147,6 +147,7 @@ TEST(Repair, NoRowCanEmptyAWholeRoot) {
   }
   cmdFix_Click(on.window);
   EXPECT_EQ(GetRegString(HKEY_CLASSES_ROOT, "Made.Type", "a"), "data");
+  EXPECT_FALSE(IsInIngnoreList(on.window.IgnoreList, "\\Made.Type a data"));
 }
 
 TEST(Repair, AKeyThatCannotBeDeletedIsSafeListed) {

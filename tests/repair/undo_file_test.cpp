@@ -74,5 +74,19 @@ TEST(UndoFile, AKeyComesBackThroughTheEditor) {
   EXPECT_EQ(RegDataText(GetRegData(HKEY_CURRENT_USER, key + "\\Sub", "number")), "77");
 }
 
+TEST(UndoFile, AHeaderThatDoesNotFitLeavesNoFile) {
+  EditorPc on;
+  if (!TestPc::CanFault()) GTEST_SKIP() << "the disk can't be filled on this ground";
+  on.pc.MakeFolder(on.pc.program_folder() + "\\backup");
+  on.pc.FillDisk(5);
+  SafeReg("HKEY_CURRENT_USER\\Made", "a", "data", 1, on.undo);
+  SafeRegkey("HKEY_CURRENT_USER\\Software", on.pc.program_folder(), on.undo);
+  EXPECT_FALSE(on.pc.FileExists(on.undo));
+  on.pc.FillDisk(std::nullopt);
+  SafeReg("HKEY_CURRENT_USER\\Made", "b", "data", 1, on.undo);
+  EXPECT_EQ(on.pc.ReadFile(on.undo),
+            "REGEDIT4\r\n\r\n[HKEY_CURRENT_USER\\Made]\r\n\"b\"=\"data\"\r\n\r\n");
+}
+
 }  // namespace
 }  // namespace tidemark
