@@ -18,7 +18,7 @@ namespace tidemark::hosted {
 class Clock;
 class FileSearches;
 class FileStore;
-class FolderLock;
+struct PcParts;
 struct PcSettings;
 class RecycleBin;
 class RegistryEditor;
@@ -46,10 +46,10 @@ class HostedPc {
   HostedPc(const HostedPc&) = delete;
   HostedPc& operator=(const HostedPc&) = delete;
 
-  // Lets the programs that were started come to their end, and writes registry.reg if the registry
-  // was changed: a new file beside it, then a rename, so that no half-written registry can ever be
-  // met. Throws HostedPcError when it can't be written; registry.reg is then what it was.
-  // Does nothing while another process works on the folder.
+  // Lets the programs that were started come to their end, and stores the registry if it was
+  // changed, safely: no half-written registry can ever be met. Throws HostedPcError when it can't
+  // be written; what is stored is then what it was. Stores nothing while another process works on
+  // the folder.
   void ShutDown();
 
   // False when another process was working on the folder when this PC was switched on.
@@ -68,19 +68,15 @@ class HostedPc {
   // std::logic_error.
   static HostedPc& Current();
 
-  // Called, if not null, when the new registry stands beside the old one: tests pull the plug
-  // there.
-  static void (*before_rename)();
-
  private:
   std::filesystem::path folder_;
-  std::unique_ptr<FolderLock> lock_;  // taken before anything is read
+  std::unique_ptr<PcParts> parts_;
+  std::unique_ptr<RegistryStore> registry_;
   std::unique_ptr<PcSettings> settings_;
   std::unique_ptr<Clock> clock_;
   std::unique_ptr<FileStore> files_;
   std::unique_ptr<FileSearches> searches_;
   std::unique_ptr<RecycleBin> recycle_bin_;
-  std::unique_ptr<RegistryStore> registry_;
   std::unique_ptr<RegistryEditor> editor_;
 };
 

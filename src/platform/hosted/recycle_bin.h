@@ -1,14 +1,7 @@
-// The recycle bin of the hosted PC: a folder of the host with two files for each file in the bin,
-// "7", which is the file, and "7.info", which says in UTF-8 where it was:
-//
-//   path=C:\Folder\File.tmp
-//   deleted=2006-11-04 13:05:09
-//   attributes=32
+// Where deleted files go, from where they can be put back. Each kind of hosted PC has its own.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,38 +10,28 @@
 
 namespace tidemark::hosted {
 
-class FileStore;
-
 class RecycleBin {
  public:
-  // Keeps both. The folder is made when the first file is thrown away.
-  RecycleBin(std::filesystem::path folder, FileStore& files);
+  RecycleBin() = default;
+  virtual ~RecycleBin() = default;
+  RecycleBin(const RecycleBin&) = delete;
+  RecycleBin& operator=(const RecycleBin&) = delete;
 
   // Gives ERROR_SUCCESS, or why the file, which is then where it was, could not be taken.
-  LONG Throw(std::string_view path, const SYSTEMTIME& time);
+  virtual LONG Throw(std::string_view path, const SYSTEMTIME& time) = 0;
 
   struct Item {
     std::string path;  // where it was
     SYSTEMTIME deleted{};
     DWORD attributes = 0;
-    std::uint64_t number = 0;
+    std::string name;  // of its files in the bin
   };
   // The first one thrown away comes first. What is no record of the bin's is passed over.
-  std::vector<Item> List() const;
+  virtual std::vector<Item> List() const = 0;
 
   // Puts the file with that index of List() back to where it was; folders that are gone meanwhile
   // are made. ERROR_FILE_EXISTS when there is a file again.
-  LONG Restore(std::size_t index);
-
- private:
-  std::filesystem::path DataPath(std::uint64_t number) const;
-  std::filesystem::path InfoPath(std::uint64_t number) const;
-  std::vector<std::uint64_t> Numbers() const;
-  LONG WriteRecord(const std::string& text, std::uint64_t& number);
-
-  std::filesystem::path folder_;
-  FileStore& files_;
-  std::uint64_t last_number_ = 0;  // 0: not known
+  virtual LONG Restore(std::size_t index) = 0;
 };
 
 }  // namespace tidemark::hosted

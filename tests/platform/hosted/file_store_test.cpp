@@ -4,8 +4,8 @@
 
 #include <fstream>
 
+#include "platform/hosted/folder_recycle_bin.h"
 #include "platform/hosted/pc_settings.h"
-#include "platform/hosted/recycle_bin.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
@@ -73,7 +73,7 @@ TEST_F(FileStoreTest, TheBinGivesFilesBackAsTheyWere) {
     FileStore files(root_, settings_);
     Put(root_ / "drives/C/Folder/Sub/file.TXT", "first");
     files.SetAttributes(path, FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
-    RecycleBin bin(root_ / "recycled", files);
+    FolderRecycleBin bin(root_ / "recycled", files);
     ASSERT_EQ(bin.Throw(path, kTime), ERROR_SUCCESS);
     Put(root_ / "drives/C/Folder/Sub/File.txt", "second");
     ASSERT_EQ(bin.Throw("c:/folder/sub/file.txt", kTime), ERROR_SUCCESS);
@@ -82,7 +82,7 @@ TEST_F(FileStoreTest, TheBinGivesFilesBackAsTheyWere) {
   Put(root_ / "recycled/3.info", "path=C:\\x\ndeleted=2006-11-04 13:05:09\nattributes=32\n");
 
   FileStore files(root_, settings_);
-  RecycleBin bin(root_ / "recycled", files);
+  FolderRecycleBin bin(root_ / "recycled", files);
   const std::vector<RecycleBin::Item> items = bin.List();
   ASSERT_EQ(items.size(), 2U);
   EXPECT_EQ(items[0].path, path);
@@ -105,7 +105,7 @@ TEST_F(FileStoreTest, NoRecordLeadsOutOfThePc) {
     Put(root_ / "recycled/1.info",
         std::string("path=") + path + "\ndeleted=2006-11-04 13:05:09\nattributes=32\n");
     FileStore files(root_, settings_);
-    RecycleBin(root_ / "recycled", files).Restore(0);
+    FolderRecycleBin(root_ / "recycled", files).Restore(0);
     EXPECT_FALSE(fs::exists(root_ / "x")) << path;
     EXPECT_FALSE(fs::exists(root_.parent_path() / "x")) << path;
     EXPECT_FALSE(fs::exists(root_ / "drives/x")) << path;

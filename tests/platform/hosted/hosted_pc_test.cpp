@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/hosted/file_replacement.h"
 #include "platform/hosted/folder_lock.h"
 #include "platform/single_instance.h"
 #include "platform/unique_handle.h"
@@ -100,7 +101,7 @@ TEST_F(HostedPcTest, APulledPlugLeavesTheOldRegistryWhole) {
   if (child == 0) {
     HostedPc pc(root_);
     MakeKey("New");
-    HostedPc::before_rename = [] { _exit(42); };
+    before_rename = [] { _exit(42); };
     pc.ShutDown();
     _exit(0);
   }

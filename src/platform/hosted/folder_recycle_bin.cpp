@@ -1,4 +1,4 @@
-#include "platform/hosted/recycle_bin.h"
+#include "platform/hosted/folder_recycle_bin.h"
 
 #include <fcntl.h>
 
@@ -59,7 +59,7 @@ std::optional<RecycleBin::Item> ReadRecord(const fs::path& file) {
   const auto attributes = TakeLine(stream, "attributes=");
   const auto time = deleted ? ReadTime(*deleted) : std::nullopt;
   if (!path || path->empty() || !time || !attributes) return std::nullopt;
-  RecycleBin::Item item{*path, *time, 0, 0};
+  RecycleBin::Item item{*path, *time, 0, {}};
   const char* const end = attributes->data() + attributes->size();
   const auto read = std::from_chars(attributes->data(), end, item.attributes);
   if (read.ec != std::errc{} || read.ptr != end) return std::nullopt;
@@ -68,19 +68,17 @@ std::optional<RecycleBin::Item> ReadRecord(const fs::path& file) {
 
 }  // namespace
 
-RecycleBin::RecycleBin(std::filesystem::path folder, FileStore& files)
+FolderRecycleBin::FolderRecycleBin(std::filesystem::path folder, FileStore& files)
     : folder_(std::move(folder)), files_(files) {}
 
-fs::path RecycleBin::DataPath(std::uint64_t number) const {
-  return folder_ / std::to_string(number);
-}
+fs::path FolderRecycleBin::DataPath(const std::string& name) const { return folder_ / name; }
 
-fs::path RecycleBin::InfoPath(std::uint64_t number) const {
-  return folder_ / (std::to_string(number) + std::string(kInfo));
+fs::path FolderRecycleBin::InfoPath(const std::string& name) const {
+  return folder_ / std::string(name).append(kInfo);
 }
 
 // Of all records, in order.
-std::vector<std::uint64_t> RecycleBin::Numbers() const {
+std::vector<std::uint64_t> FolderRecycleBin::Numbers() const {
   std::vector<std::uint64_t> numbers;
   std::error_code error;
   for (fs::directory_iterator entry(folder_, error), end; !error && entry != end;
@@ -98,55 +96,56 @@ std::vector<std::uint64_t> RecycleBin::Numbers() const {
 }
 
 // Under a number that nobody has taken, also no other process that works on the folder.
-LONG RecycleBin::WriteRecord(const std::string& text, std::uint64_t& number) {
+LONG FolderRecycleBin::WriteRecord(const std::string& text, std::string& name) {
   if (last_number_ == 0) {
     const std::vector<std::uint64_t> numbers = Numbers();
     if (!numbers.empty()) last_number_ = numbers.back();
   }
   for (;;) {
-    number = ++last_number_;
+    name = std::to_string(++last_number_);
     const HostFile file(
-        open(InfoPath(number).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        open(InfoPath(name).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!file && errno == EEXIST) continue;
     if (!file) return StatusOfHostError(errno);
     const ssize_t written = write(file.get(), text.data(), text.size());
     if (written == static_cast<ssize_t>(text.size())) return ERROR_SUCCESS;
-    unlink(InfoPath(number).c_str());
+    unlink(InfoPath(name).c_str());
     return ERROR_DISK_FULL;
   }
 }
 
-LONG RecycleBin::Throw(std::string_view path, const SYSTEMTIME& time) {
-  Item item{files_.FullPath(path), time, 0, 0};
+LONG FolderRecycleBin::Throw(std::string_view path, const SYSTEMTIME& time) {
+  Item item{files_.FullPath(path), time, 0, {}};
   if (const LONG status = files_.GetAttributes(path, item.attributes)) return status;
   std::error_code error;
   fs::create_directory(folder_, error);
   if (error) return StatusOfHostError(error.value());
-  if (const LONG status = WriteRecord(RecordText(item), item.number)) return status;
-  const LONG status = files_.MoveOut(path, DataPath(item.number), item.attributes);
-  if (status != ERROR_SUCCESS) fs::remove(InfoPath(item.number), error);
+  if (const LONG status = WriteRecord(RecordText(item), item.name)) return status;
+  const LONG status = files_.MoveOut(path, DataPath(item.name), item.attributes);
+  if (status != ERROR_SUCCESS) fs::remove(InfoPath(item.name), error);
   return status;
 }
 
-std::vector<RecycleBin::Item> RecycleBin::List() const {
+std::vector<RecycleBin::Item> FolderRecycleBin::List() const {
   std::vector<Item> items;
   for (const std::uint64_t number : Numbers()) {
     std::error_code error;
-    std::optional<Item> item = ReadRecord(InfoPath(number));
-    if (!item || !fs::is_regular_file(DataPath(number), error)) continue;
-    item->number = number;
+    const std::string name = std::to_string(number);
+    std::optional<Item> item = ReadRecord(InfoPath(name));
+    if (!item || !fs::is_regular_file(DataPath(name), error)) continue;
+    item->name = name;
     items.push_back(std::move(*item));
   }
   return items;
 }
 
-LONG RecycleBin::Restore(std::size_t index) {
+LONG FolderRecycleBin::Restore(std::size_t index) {
   const std::vector<Item> items = List();
   if (index >= items.size()) return ERROR_FILE_NOT_FOUND;
   const Item& item = items[index];
-  const LONG status = files_.MoveIn(DataPath(item.number), item.path, item.attributes);
+  const LONG status = files_.MoveIn(DataPath(item.name), item.path, item.attributes);
   std::error_code error;
-  if (status == ERROR_SUCCESS) fs::remove(InfoPath(item.number), error);
+  if (status == ERROR_SUCCESS) fs::remove(InfoPath(item.name), error);
   return status;
 }
 
