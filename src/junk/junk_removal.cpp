@@ -7,6 +7,7 @@
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
 #include "platform/letter_case.h"
+#include "window/run.h"
 
 namespace tidemark {
 namespace {
@@ -24,6 +25,7 @@ void Tick(frmMain& window, NewTick&& new_tick) {
 // The bar shows the position in the list, not how much was done; it stands still where every row
 // goes. On purpose.
 void Remove(frmMain& window, bool ticked_only) {
+  const Run run(window);
   ListView& list = window.lvJunkFiles;
   ProgressBar& bar = window.PbarRemoveJunk;
   bar.SetVisible(true);

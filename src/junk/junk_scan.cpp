@@ -7,6 +7,7 @@
 #include "platform/file_system_object.h"
 #include "platform/letter_case.h"
 #include "platform/unique_handle.h"
+#include "window/run.h"
 
 namespace tidemark {
 namespace {
@@ -95,6 +96,7 @@ bool ScanFound(frmMain& window, const std::string& folder, const UniqueSearch& s
 }  // namespace
 
 void ScanJunkFiles(frmMain& window) {
+  const Run run(window);
   window.SelectedFileTypes = TickedPatterns(window.lvFileTypes);
   window.lvJunkFiles.Clear();
   window.front_end.DoEvents();

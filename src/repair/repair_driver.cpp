@@ -10,6 +10,7 @@
 #include "repair/repair.h"
 #include "window/finding_columns.h"
 #include "window/panels.h"
+#include "window/run.h"
 
 namespace tidemark {
 namespace {
@@ -45,13 +46,23 @@ void RepairRows(frmMain& window, const std::string& undo_file) {
     }
     window.ProgressBar2.SetValue(index);
     window.front_end.DoEvents();
-    if (window.StopRequested) return;
+    if (MustEnd(window)) return;
   }
+}
+
+// The findings of a scan that overtook the repair are to be looked at and repaired in their turn,
+// and count as open.
+void LeaveToTheScan(frmMain& window) {
+  window.cmdFix.SetVisible(true);
+  window.cmdStopFix.SetVisible(false);
+  window.ProgressBar2.SetValue(0);
+  window.Loadbackup();
 }
 
 }  // namespace
 
 void cmdFix_Click(frmMain& window) {
+  const Run run(window);
   const std::string undo_file = UndoFilePath(window.application.folder);
   window.cmdFix.SetVisible(false);
   window.cmdCancel.SetVisible(false);
@@ -62,6 +73,7 @@ void cmdFix_Click(frmMain& window) {
   window.Animation1.SetPlaying(true);
   RepairRows(window, undo_file);
   window.Animation1.SetPlaying(false);
+  if (IsOvertaken(window)) return LeaveToTheScan(window);
 
   window.cmdFix.SetVisible(true);
   window.cmdStopFix.SetEnabled(false);

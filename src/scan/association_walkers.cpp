@@ -4,11 +4,12 @@
 #include "scan/results.h"
 #include "scan/walk.h"
 #include "scan/walkers.h"
+#include "window/run.h"
 
 namespace tidemark {
 
 void ScanAssocRoot(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested || IsInClassTree(key)) return;
+  if (MustEnd(window) || IsInClassTree(key)) return;
   const WalkedKey walked(hive, key);
   window.pbarScan.SetMax(static_cast<int>(walked.sub_keys));
   window.pbarScan.SetValue(0);
@@ -30,7 +31,7 @@ void ScanAssocRoot(frmMain& window, HKEY hive, const std::string& key) {
 }
 
 void ScanAssocKey(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested || IsInClassTree(key)) return;
+  if (MustEnd(window) || IsInClassTree(key)) return;
   WalkedKey walked(hive, key);
   // A file type that is missing counts as empty.
   if (key.find('\\') == std::string::npos && walked.sub_keys == 0 && walked.values == 0) {

@@ -9,6 +9,7 @@
 #include "scan/results.h"
 #include "scan/walk.h"
 #include "scan/walkers.h"
+#include "window/run.h"
 
 namespace tidemark {
 namespace {
@@ -99,7 +100,7 @@ std::optional<std::string> Judge(const frmMain& window, const WalkedValue& value
 }  // namespace
 
 void ScanClassRoot(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested) return;
+  if (MustEnd(window)) return;
   const WalkedKey walked(hive, key);
   window.pbarScan.SetValue(0);
   window.pbarScan.SetMin(0);
@@ -113,7 +114,7 @@ void ScanClassRoot(frmMain& window, HKEY hive, const std::string& key) {
 }
 
 void ScanClassKey(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested) return;
+  if (MustEnd(window)) return;
   UpdStatus(window, key, "");
   const WalkedKey walked(hive, key);
   const std::string leaf = CapitalLeaf(key);

@@ -7,11 +7,12 @@
 #include "scan/results.h"
 #include "scan/walk.h"
 #include "scan/walkers.h"
+#include "window/run.h"
 
 namespace tidemark {
 
 void ScanPathKey(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested) return;
+  if (MustEnd(window)) return;
   const WalkedKey walked(hive, key);
   RaiseMaximum(window, walked.sub_keys + walked.values);
   for (DWORD index = 0; index < walked.values; ++index) {
@@ -36,7 +37,7 @@ void ScanPathKey(frmMain& window, HKEY hive, const std::string& key) {
 }
 
 void ScanUninstallKey(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested) return;
+  if (MustEnd(window)) return;
   const WalkedKey walked(hive, key);
   RaiseMaximum(window, walked.sub_keys);
   for (DWORD index = 0; index < walked.sub_keys; ++index) {
@@ -56,7 +57,7 @@ void ScanUninstallKey(frmMain& window, HKEY hive, const std::string& key) {
 }
 
 void ScanSharedDllKey(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested) return;
+  if (MustEnd(window)) return;
   WalkedKey walked(hive, key);
   RaiseMaximum(window, walked.sub_keys + walked.values);
   for (DWORD index = 0; index < walked.values; ++index) {
@@ -80,7 +81,7 @@ void ScanSharedDllKey(frmMain& window, HKEY hive, const std::string& key) {
 }
 
 void ScanFontKey(frmMain& window, HKEY hive, const std::string& key) {
-  if (window.StopRequested) return;
+  if (MustEnd(window)) return;
   window.front_end.DoEvents();
   if (IsInClassTree(key)) return;
   const WalkedKey walked(hive, key);
@@ -94,13 +95,13 @@ void ScanFontKey(frmMain& window, HKEY hive, const std::string& key) {
                 window.Reasons[kInvalidFont]);
     }
     StepBar(window);
-    if (window.StopRequested) return;
+    if (MustEnd(window)) return;
   }
   for (DWORD index = 0; index < walked.sub_keys; ++index) {
     const std::string name = walked.SubKeyName(index);
     if (!name.empty()) ScanFontKey(window, hive, ChildPath(key, name));
     StepBar(window);
-    if (window.StopRequested) return;
+    if (MustEnd(window)) return;
   }
 }
 

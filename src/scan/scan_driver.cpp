@@ -8,6 +8,7 @@
 #include "scan/results.h"
 #include "scan/scan.h"
 #include "window/panels.h"
+#include "window/run.h"
 
 namespace tidemark {
 namespace {
@@ -35,6 +36,7 @@ void ListCheckedTests(frmMain& window) {
     const ListItem* test = window.lvLocations.Item(index);
     if (test == nullptr || !test->Checked()) continue;
     window.front_end.DoEvents();
+    if (IsOvertaken(window)) return;
     test = window.lvLocations.Item(index);  // a visit of Home fills the list anew
     if (test == nullptr) continue;
     if (ListItem* row = window.lvScan.Add(test->Key(), test->Caption())) {
@@ -58,30 +60,29 @@ void ShowDone(const frmMain& window, ListItem& row) {
   row.SetSmallIcon(kDoneIcon);
 }
 
-// One row of lvScan from "Analyzing" to "Finished" or "Aborted". A second scan may have been
-// started, and have ended, at any yield; then the row is another one, or none.
+// One row of lvScan from "Analyzing" to "Finished" or "Aborted".
 void RunTest(frmMain& window, int index) {
-  ListItem* row = window.lvScan.Item(index);
-  if (row == nullptr) return;
-  const std::string code = row->Key().String();
+  ListItem& row = *window.lvScan.Item(index);
+  const std::string code = row.Key().String();
   window.CurrentLocation = code;
-  ShowRunning(window, *row);
+  ShowRunning(window, row);
   ScanKey(window, code);
-  row = window.lvScan.Item(index);
-  if (row != nullptr) ShowDone(window, *row);
+  if (!IsOvertaken(window)) ShowDone(window, row);
 }
 
 void RunTests(frmMain& window) {
   window.lvScan.BringToFront();
   window.front_end.DoEvents();
+  if (IsOvertaken(window)) return;
   window.ProblemCount = 0;
   // The message that a scan takes some minutes goes to a member 0 of lblscanmsg, which does not
   // exist; so it never shows, on purpose.
   const int tests = window.lvScan.Count();
   for (int index = 1; index <= tests; ++index) {
     window.front_end.DoEvents();
+    if (IsOvertaken(window)) return;
     RunTest(window, index);
-    if (window.StopRequested) return;
+    if (MustEnd(window)) return;
     window.front_end.DoEvents();
   }
 }
@@ -105,12 +106,26 @@ void ShowFindings(frmMain& window) {
   window.SeverityCounts = {};
   for (int index = 1; index <= window.lvScan.Count(); ++index) {
     window.front_end.DoEvents();
-    if (const ListItem* row = window.lvScan.Item(index)) SummarizeRow(window, *row);
+    if (IsOvertaken(window)) return;
+    SummarizeRow(window, *window.lvScan.Item(index));
   }
   if (window.lvFound.Count() > 0) {
     window.lvFound.Select(window.lvFound.Item(1));
     lvFound_Click(window);
   }
+}
+
+void ScanCheckedTests(frmMain& window) {
+  ListCheckedTests(window);
+  if (IsOvertaken(window)) return;
+  if (window.lvScan.Count() == 0) {
+    // The finish runs all the same, with the count of the scan before. On purpose.
+    window.front_end.ShowMessage("No diagnostic test,  please select test to scan",
+                                 window.application.title, MessageIcon::kInformation);
+    return;
+  }
+  RunTests(window);
+  if (!IsOvertaken(window)) ShowFindings(window);
 }
 
 void ShowResultsPage(frmMain& window) {
@@ -145,6 +160,8 @@ void StoreStatistics(frmMain& window) {
 }  // namespace
 
 void cmdScan_Click(frmMain& window) {
+  ++window.ScansBegun;
+  const Run run(window);
   window.ScanRunning = true;
   CtlStatus(window, false);
   ShowProgressForm(window);
@@ -153,15 +170,9 @@ void cmdScan_Click(frmMain& window) {
        {&window.lvInvalidLoc, &window.lvFound, &window.lvProblems, &window.lvScan}) {
     list->Clear();
   }
-  ListCheckedTests(window);
-  if (window.lvScan.Count() == 0) {
-    // The finish runs all the same, with the count of the scan before. On purpose.
-    window.front_end.ShowMessage("No diagnostic test,  please select test to scan",
-                                 window.application.title, MessageIcon::kInformation);
-  } else {
-    RunTests(window);
-    ShowFindings(window);
-  }
+  ScanCheckedTests(window);
+  // The younger scan has shown and stored its own results.
+  if (IsOvertaken(window)) return;
   ShowResultsPage(window);
   StoreStatistics(window);
   window.AnmSearch.SetPlaying(false);

@@ -5,6 +5,7 @@
 #include "helpers/text_helpers.h"
 #include "platform/letter_case.h"
 #include "registry/mdlRegistry.h"
+#include "window/run.h"
 
 namespace tidemark {
 
@@ -54,7 +55,7 @@ void StepBar(frmMain& window) { window.pbarScan.SetValue(window.pbarScan.Value()
 
 bool YieldAndTestStop(frmMain& window) {
   window.front_end.DoEvents();
-  return window.StopRequested;
+  return MustEnd(window);
 }
 
 }  // namespace tidemark

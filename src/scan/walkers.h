@@ -2,8 +2,8 @@
 // finding.
 //
 // hive is a root handle, key a sub-key path without leading backslash. The bar of the Scan page
-// moves with the walk; each walker yields after each item and ends at the next test when
-// StopRequested is set. A key that can't be opened has no items and gives no finding, except where
+// moves with the walk; each walker yields after each item and ends at the next test when the scan
+// must end. A key that can't be opened has no items and gives no finding, except where
 // a walker says otherwise.
 #pragma once
 

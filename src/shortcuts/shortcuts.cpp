@@ -9,6 +9,7 @@
 #include "platform/letter_case.h"
 #include "platform/unique_handle.h"
 #include "window/findings.h"
+#include "window/run.h"
 
 namespace tidemark {
 namespace {
@@ -72,7 +73,7 @@ void ScanShortCut(frmMain& window, std::string& folder) {
     }
     const bool more = FindNextFileA(search.Get(), &found) != FALSE;
     window.front_end.DoEvents();
-    if (window.StopRequested) return;
+    if (MustEnd(window)) return;
     // The bar wraps round and tells nothing of the real progress. On purpose.
     if (IsFull(window.pbarScan)) window.pbarScan.SetValue(0);
     if (!more) return;

@@ -2,10 +2,12 @@
 
 #include "helpers/text_helpers.h"
 #include "window/finding_columns.h"
+#include "window/run.h"
 
 namespace tidemark {
 
 void AddFinding(frmMain& window, const NewFinding& finding) {
+  if (IsOvertaken(window)) return;
   ListView& findings = window.lvInvalidLoc;
   if (ListItem* row = findings.Add("K" + std::to_string(findings.Count() + 1), finding.location)) {
     row->SetSubItem(kValueName, finding.value_name);

@@ -17,7 +17,8 @@ struct NewFinding {
   std::string_view value_type;  // decimal; empty for what is no registry value
 };
 
-// Adds a row to lvInvalidLoc for the test in work, selected for repair, and counts it. Yields.
+// Adds a row to lvInvalidLoc for the test in work, selected for repair, and counts it. Yields. A
+// scan that was overtaken adds nothing.
 void AddFinding(frmMain& window, const NewFinding& finding);
 
 // Shows "a\b" in the status label and yields.

@@ -160,6 +160,9 @@ struct frmMain {
   // State of a scan or a repair.
   bool ScanRunning = false;
   bool StopRequested = false;  // polled after each yield; the only way to end a running loop
+  int RunsUnderWay = 0;        // on top of each other, each at a yield of the one below
+  unsigned ScansBegun = 0;
+  unsigned ScanOfRun = 0;  // the number of the scan whose findings the uppermost run is about
   int CurrentTab = 0;
   std::string CurrentLocation;  // the code of the diagnostic test in work
   std::int32_t ProblemCount = 0;

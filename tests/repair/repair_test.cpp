@@ -7,6 +7,8 @@
 
 #include "helpers/settings_key.h"
 #include "registry/mdlRegistry.h"
+#include "scan/scan.h"
+#include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
 namespace tidemark {
@@ -118,6 +120,27 @@ TEST(Repair, AStopFinishesTheRowInWorkAndClosesAsUsual) {
   // The flag is still set, and ends the next run behind its first row.
   cmdFix_Click(on.window);
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "c", "gone"), "data");
+}
+
+TEST(Repair, EndsWhereAScanFillsTheListAnew) {
+  RepairPc on;
+  for (const char* name : {"a", "b", "c"}) {
+    on.pc.SetText(HKEY_CURRENT_USER, kRun, name, "C:\\no such folder\\gone.exe");
+    on.AddFinding({"STARTUP", std::string("HKEY_CURRENT_USER\\") + kRun, name, "data", "1",
+                   *name == 'b' ? "0" : "1"});
+  }
+  Store("Startup", "0");
+  on.window.SetInitValues();
+  on.front_end.AtYield(1, [&on] { cmdScan_Click(on.window); });
+  cmdFix_Click(on.window);
+  EXPECT_EQ(on.NamesAndReasons(), (std::vector<std::string>{"b|Invalid path", "c|Invalid path"}));
+  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kRun, "b", "gone"), "C:\\no such folder\\gone.exe");
+  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "OutstandingErrors"), "2");
+  EXPECT_TRUE(on.window.picClear.Visible()) << "the scan's results are looked at first";
+  EXPECT_EQ(on.window.lvProblems.Count(), 2);
+  EXPECT_TRUE(on.window.cmdFix.Visible() && on.window.cmdFix.Enabled());
+  EXPECT_FALSE(on.window.cmdStopFix.Visible());
+  EXPECT_TRUE(on.window.cmdStopFix.Enabled());
 }
 
 TEST(Repair, HidesItsButtonsWhileItRunsAndClosesWithAllSteps) {

@@ -86,17 +86,31 @@ TEST(Scan, LivesThroughWhateverAPersonDoesMeanwhile) {
     cmdScan_Click(on.window);
     EXPECT_EQ(on.window.lvScan.Count(), 12) << yield;
   }
-  for (const char* choice : {all, "0;0;0;0;0;0;0;1;0;0;0;0", "0;0;0;0;0;0;0;0;0;0;0;0"}) {
+}
+
+// The schedule asks no button.
+TEST(Scan, AYoungerScanEndsTheOlderOneWhichAddsNothingMore) {
+  for (const long yield : {1, 6, 11, 13, 18, 23, 27, 31, 35, 39, 43, 47, 51, 54, 57}) {
     ScanPc on;
-    on.Choose(all);
-    on.front_end.When([&on] { return on.window.CurrentLocation == "STARTUP"; },
-                      [&on, choice] {
-                        on.Choose(choice);
-                        on.window.cmdScanNow.Click();
-                      });
+    on.Choose("0;1;0;0;0;0;0;1;1;1;1;1");
+    on.front_end.AtYield(yield, [&on] {
+      for (const CommandButton* start :
+           {&on.window.cmdScanNow, &on.window.cmdScan, &on.window.cmdFix, &on.window.cmdJunkScan}) {
+        EXPECT_FALSE(start->Enabled()) << start->Name();
+      }
+      on.Choose("0;0;0;0;0;0;0;1;0;0;1;0");
+      cmdScan_Click(on.window);
+    });
     cmdScan_Click(on.window);
-    EXPECT_FALSE(on.window.ScanRunning) << choice;
-    EXPECT_TRUE(on.window.picClear.Visible()) << choice;
+    ASSERT_GE(on.front_end.yields(), yield) << "the older scan ran that long";
+    EXPECT_EQ(WindowPc::Rows(on.window.lvScan, {0, 1, 2}),
+              (Rows{"Startup|Finished|2", "Help Files|Finished|1"}))
+        << yield;
+    EXPECT_EQ(on.NamesAndReasons(), (Rows{"a|Invalid path", "b|Invalid path", "c|Invalid path"}))
+        << yield;
+    EXPECT_EQ(WindowPc::Rows(on.window.lvFound, {0}), (Rows{"Startup", "Help Files"})) << yield;
+    EXPECT_EQ(Stored("TotalCount") + Stored("LastCount"), "33") << yield;
+    EXPECT_TRUE(on.window.cmdScan.Enabled() && !on.window.ScanRunning) << yield;
   }
 }
 

@@ -184,7 +184,8 @@ TEST(Scheduler, ADueTickEntersARunningScan) {
                     });
   on.window.cmdScan.Click();
   EXPECT_TRUE(inner_ended) << "the scheduled run came to its end on top of the scan";
-  EXPECT_TRUE(on.window.picClear.Visible()) << "then the scan did";
+  EXPECT_TRUE(on.window.picWelcome.Visible()) << "the older scan ended there";
+  EXPECT_EQ(Stored("TotalCount"), Stored("LastCount"));
   EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone"));
 }
 
