@@ -41,10 +41,10 @@ void Tell(frmMain& window, std::string_view caption, const std::string& message)
   ShowBox(window, caption, message, /*is_question=*/false);
 }
 
-// The box is not modal, so the wait is a busy loop, and all else goes on in it. On purpose.
+// The box is not modal, so the wait is a loop of yields, and all else goes on in it. On purpose.
 bool Ask(frmMain& window, std::string_view caption, const std::string& message) {
   ShowBox(window, caption, message, /*is_question=*/true);
-  while (window.MessBoxAnswer == "EMPTY") window.front_end.DoEvents();
+  while (window.MessBoxAnswer == "EMPTY") window.front_end.WaitForEvents();
   return window.MessBoxAnswer != "NO";
 }
 

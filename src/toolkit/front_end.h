@@ -27,6 +27,9 @@ class FrontEnd {
   // top of the caller, and timers that are due tick. A front end repaints at the pace of the eye,
   // not at every yield.
   virtual void DoEvents() = 0;
+  // The same for a loop that has nothing to do itself: does not return before something has
+  // happened, and costs no processor time until then.
+  virtual void WaitForEvents() { DoEvents(); }
 
   // Shows a form without making it modal; the first time its Load event is raised before.
   virtual void Show(Form& form) = 0;
@@ -50,7 +53,8 @@ class FrontEnd {
                                std::string_view default_text) = 0;
   // The platform's folder dialog: a path, or empty when it was cancelled or the choice has no path.
   virtual std::string BrowseForFolder(std::string_view title) = 0;
-  // Pops a menu up at the mouse; the item that was chosen has raised its event when this returns.
+  // Pops a menu up at the mouse, or at the selected row of a list whose menu the keyboard asked
+  // for; the item that was chosen has raised its event when this returns.
   virtual void PopupMenu(Menu& menu) = 0;
 
   // The notification area: adds or deletes the icon. Its mouse messages come back as MouseMove

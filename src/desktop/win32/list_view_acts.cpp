@@ -1,7 +1,10 @@
 // What a person does in a list's window, turned into the control's events.
 #include <windowsx.h>
 
+#include <algorithm>
+
 #include "desktop/win32/list_view_peer.h"
+#include "desktop/win32/popup_menu.h"
 
 namespace tidemark {
 namespace {
@@ -151,10 +154,22 @@ int ListViewPeer::KeyboardRow() const {
 }
 
 void ListViewPeer::OnContextMenu(LPARAM lparam) {
+  if (lparam == -1) return Post(Act::kKeyboardMenu, KeyboardRow());
   POINT point = PointOf(lparam);
-  const bool by_keyboard = lparam == -1;
   ScreenToClient(window_, &point);
-  Post(Act::kContextMenu, by_keyboard ? KeyboardRow() : HitAt(window_, point).row);
+  Post(Act::kContextMenu, HitAt(window_, point).row);
+}
+
+// Below the text of the row, or in the list's corner.
+POINT ListViewPeer::MenuPlaceOf(int row) const {
+  RECT label{};
+  POINT point{0, 0};
+  if (row != 0) ListView_EnsureVisible(window_, row - 1, FALSE);
+  if (row != 0 && ListView_GetItemRect(window_, row - 1, &label, LVIR_LABEL) != FALSE) {
+    point = {std::max(label.left, 0L), label.bottom};
+  }
+  ClientToScreen(window_, &point);
+  return point;
 }
 
 void ListViewPeer::Post(Act act, int number) {
@@ -174,6 +189,10 @@ void ListViewPeer::Perform(Act act, WORD times_cleared, int number) {
   if (act == Act::kClickColumn) return list_.UserColumnClick(number);
   if (times_cleared != static_cast<WORD>(list_.TimesCleared())) return;
   ListItem* item = list_.Item(number);
+  if (act == Act::kKeyboardMenu) {
+    const MenuPlace place(MenuPlaceOf(number));
+    return list_.UserContextMenu(item == list_.SelectedItem() ? nullptr : item);
+  }
   if (act == Act::kContextMenu) {
     // The press of the button has selected the row already.
     return list_.UserContextMenu(item == list_.SelectedItem() ? nullptr : item);

@@ -35,7 +35,14 @@ class ListViewPeer : public Peer {
   // What a person has done. It is posted to the window and becomes an event of the control when the
   // platform's list is through with the message behind it: a handler may clear the list, show a box
   // or close the form, none of which that list bears amidst its own work.
-  enum class Act : WORD { kSelect, kCheck, kClickColumn, kDoubleClick, kContextMenu };
+  enum class Act : WORD {
+    kSelect,
+    kCheck,
+    kClickColumn,
+    kDoubleClick,
+    kContextMenu,
+    kKeyboardMenu
+  };
 
   // Refreshing: list_view_peer.cpp.
   void ShowStyle();
@@ -60,6 +67,8 @@ class ListViewPeer : public Peer {
   Answer OnKey(UINT message, WPARAM key, LPARAM lparam);
   void OnContextMenu(LPARAM lparam);
   int KeyboardRow() const;
+  // Where the menu of a row that the keyboard asks for opens, on the screen; row 0 is none.
+  POINT MenuPlaceOf(int row) const;
   void Post(Act act, int number);
   void Perform(Act act, WORD times_cleared, int number);
 

@@ -1,6 +1,4 @@
 // The message loop of the front end: yields, timers, repaints.
-#include <algorithm>
-
 #include "desktop/win32/guarded.h"
 #include "desktop/win32/win32_front_end.h"
 
@@ -10,32 +8,19 @@ namespace {
 // A walker yields for each item it meets; between two pumps a yield is a look at the system's tick.
 constexpr ULONGLONG kPumpPause_ms = 10;
 constexpr ULONGLONG kRefreshPause_ms = 50;
-// Whoever yields so often, and in so short a time each, has nothing to do but to wait.
-constexpr int kManyYields = 4096;
-constexpr long long kIdleYield_ns = 150;
-constexpr long long kNanosecondsPerSecond = 1'000'000'000;
 
 }  // namespace
 
 void Win32FrontEnd::DoEvents() {
-  const ULONGLONG now = GetTickCount64();
-  if (now - last_pump_ms_ < kPumpPause_ms) {
-    if (++yields_ < kManyYields || !OnlyWaits()) return;
-    WaitForInput(kPumpPause_ms);
-  }
-  Pump();
+  if (GetTickCount64() - last_pump_ms_ >= kPumpPause_ms) Pump();
 }
 
-bool Win32FrontEnd::OnlyWaits() {
-  LARGE_INTEGER now{};
-  LARGE_INTEGER frequency{};
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&frequency);
-  const long long passed =
-      (now.QuadPart - first_yield_.QuadPart) * kNanosecondsPerSecond / frequency.QuadPart;
-  yields_ = 0;
-  first_yield_ = now;
-  return passed < kManyYields * kIdleYield_ns;
+void Win32FrontEnd::WaitForEvents() {
+  RethrowKept();
+  Refresh();
+  if (ProceduresRunning() == 0) closed_.clear();
+  WaitForInput();
+  Pump();
 }
 
 void Win32FrontEnd::Pump() {
@@ -49,8 +34,6 @@ void Win32FrontEnd::Pump() {
   }
   RunTimer();
   last_pump_ms_ = GetTickCount64();
-  yields_ = 0;
-  QueryPerformanceCounter(&first_yield_);
 }
 
 void Win32FrontEnd::Handle(const MSG& message) {
@@ -78,19 +61,9 @@ void Win32FrontEnd::Refresh() {
 }
 
 // When no timer runs, -1 is INFINITE.
-void Win32FrontEnd::WaitForInput(DWORD longest_ms) {
-  const auto next_tick = static_cast<DWORD>(timers_.Wait(GetTickCount64()));
-  MsgWaitForMultipleObjectsEx(0, nullptr, std::min(longest_ms, next_tick), QS_ALLINPUT,
-                              MWMO_INPUTAVAILABLE);
-}
-
-void Win32FrontEnd::IdleLoop() {
-  while (true) {
-    Refresh();
-    if (ProceduresRunning() == 0) closed_.clear();
-    WaitForInput(INFINITE);
-    Pump();
-  }
+void Win32FrontEnd::WaitForInput() {
+  MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(timers_.Wait(GetTickCount64())),
+                              QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 
 }  // namespace tidemark

@@ -1,5 +1,7 @@
 #include "desktop/win32/popup_menu.h"
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/unique_handle.h"
@@ -13,6 +15,9 @@ struct MenuPolicy {
   static void Close(Handle handle) { DestroyMenu(handle); }
 };
 using UniqueMenu = UniqueHandle<MenuPolicy>;
+
+// For the next menu. All menus belong to the one user-interface thread.
+std::optional<POINT> place;
 
 std::vector<MenuItem*> VisibleItems(const Menu& menu) {
   std::vector<MenuItem*> items;
@@ -52,6 +57,9 @@ MenuItem* Choose(HWND owner, const Menu& menu, POINT point) {
 
 }  // namespace
 
+MenuPlace::MenuPlace(POINT point) { place = point; }
+MenuPlace::~MenuPlace() { place.reset(); }
+
 void PopUp(HWND owner, Menu& menu, POINT point) {
   MenuItem* const chosen = Choose(owner, menu, point);
   if (chosen != nullptr) chosen->Click();
@@ -60,7 +68,7 @@ void PopUp(HWND owner, Menu& menu, POINT point) {
 void PopUp(HWND owner, Menu& menu) {
   POINT point{};
   GetCursorPos(&point);
-  PopUp(owner, menu, point);
+  PopUp(owner, menu, std::exchange(place, std::nullopt).value_or(point));
 }
 
 }  // namespace tidemark

@@ -37,7 +37,7 @@ Win32FrontEnd::~Win32FrontEnd() = default;
 int Win32FrontEnd::Run(const std::function<void()>& program_entry) {
   try {
     program_entry();
-    IdleLoop();
+    while (true) WaitForEvents();
   } catch (const ProcessEnded&) {
     // The handlers have done what there was to do.
   }

@@ -28,6 +28,7 @@ class Win32FrontEnd : public FrontEnd, private FormHost {
   int Run(const std::function<void()>& program_entry);
 
   void DoEvents() override;
+  void WaitForEvents() override;
   void Show(Form& form) override;
   void Unload(Form& form) override;
   void SetForeground(Form& form) override;
@@ -65,10 +66,7 @@ class Win32FrontEnd : public FrontEnd, private FormHost {
   // The same within the loop of a box or menu of the platform.
   void RunTimerModally();
   void Refresh();
-  // Whether whoever yields does nothing between two yields.
-  bool OnlyWaits();
-  void WaitForInput(DWORD longest_ms);
-  void IdleLoop();
+  void WaitForInput();
   // Before and behind a modal box, whose own loop shows nothing new.
   template <class Box>
   auto Modally(Box box);
@@ -83,8 +81,6 @@ class Win32FrontEnd : public FrontEnd, private FormHost {
 
   ULONGLONG last_pump_ms_ = 0;
   ULONGLONG last_refresh_ms_ = 0;
-  int yields_ = 0;  // since the last pump, or the last look at the clock
-  LARGE_INTEGER first_yield_{};
 };
 
 }  // namespace tidemark

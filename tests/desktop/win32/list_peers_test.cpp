@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "desktop/win32/list_view_peer.h"
+#include "desktop/win32/popup_menu.h"
 #include "desktop/win32/tree_view_peer.h"
+#include "desktop/win32/window_metrics.h"
 #include "toolkit/controls.h"
 
 namespace tidemark {
@@ -165,6 +167,37 @@ TEST_F(ListPeers, AnActOnRowsThatHaveGoneMeanwhileIsDropped) {
   EXPECT_FALSE(list_.Item(2)->Checked());
   EXPECT_EQ(ListView_GetItemCount(ListWindow()), 3);
   EXPECT_EQ(ListView_GetSelectedCount(ListWindow()), 0U);
+}
+
+TEST_F(ListPeers, AMenuByTheKeyboardOpensBelowTheSelectedRow) {
+  static RECT opened;
+  Menu menu(&form_, "menu");
+  MenuItem item(&menu, "item");
+  item.SetCaption("Item");
+  list_.ContextMenu.Bind([&] {
+    SetTimer(window_, 1, 50, [](HWND, UINT, UINT_PTR, DWORD) {
+      if (const HWND shown = FindWindowA("#32768", nullptr)) opened = PlaceOnScreen(shown);
+      EndMenu();
+    });
+    PopUp(window_, menu);
+    KillTimer(window_, 1);
+  });
+  Fill(100);
+  Refresh();
+  for (const int row : {3, 90}) {  // the second is out of view
+    list_.UserSelect(*list_.Item(row));
+    Refresh();
+    SetCursorPos(700, 400);
+    SendMessageA(ListWindow(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1);
+    Pump();
+    RECT label{LVIR_LABEL, 0, 0, 0};
+    SendMessageA(ListWindow(), LVM_GETITEMRECT, static_cast<WPARAM>(row) - 1,
+                 reinterpret_cast<LPARAM>(&label));
+    POINT below{label.left, label.bottom};
+    ClientToScreen(ListWindow(), &below);
+    EXPECT_NEAR(opened.left, below.x, 4) << row;
+    EXPECT_NEAR(opened.top, below.y, 4) << row;
+  }
 }
 
 TEST_F(ListPeers, ARowStaysSelectedWhenTheListIsSorted) {

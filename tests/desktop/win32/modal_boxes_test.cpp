@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "desktop/win32/folder_dialog.h"
 #include "desktop/win32/input_box.h"
 #include "desktop/win32/message_boxes.h"
 #include "desktop/win32/modal_loops.h"
@@ -77,6 +78,18 @@ TEST_F(ModalBoxes, InputBoxIsEmptyWithoutAnAnswer) {
     EXPECT_EQ(Ask(), "") << how;
     EXPECT_EQ(Box(), nullptr) << how;
   }
+}
+
+TEST_F(ModalBoxes, TheFolderDialogGivesThePathThatWasChosenOrNothing) {
+  constexpr int kNameBox = 0x480;  // of the platform's file dialogs
+  WhenOpen([] {
+    SetDlgItemTextA(Box(), kNameBox, "C:\\windows\\system32");
+    PostMessageA(Box(), WM_COMMAND, IDOK, 0);
+  });
+  EXPECT_STRCASEEQ(AskForFolder(owner_, kTitle).c_str(), "C:\\windows\\system32");
+  WhenOpen(EndModalLoops);
+  EXPECT_EQ(AskForFolder(owner_, kTitle), "");
+  EXPECT_EQ(Box(), nullptr);
 }
 
 TEST_F(ModalBoxes, EndModalLoopsAnswersNoAndClosesNotices) {
