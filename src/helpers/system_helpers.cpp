@@ -4,13 +4,6 @@
 #include "platform/file_system_object.h"
 
 namespace tidemark {
-namespace {
-
-// The pages live on the program's own site.
-constexpr std::string_view kWebSite = "https://www.tidemark.example";
-
-}  // namespace
-
 bool IsExistingFile(const std::string& path) { return FileSystemObject().FileExists(path); }
 
 bool IsExistingFolder(const std::string& path) {
@@ -53,9 +46,10 @@ void ShowFileProperties(const std::string& path) {
   ShellExecuteExA(&info);
 }
 
-void OpenWebPage(HWND owner, std::string_view path, const char* verb, const char* parameters,
-                 const char* folder, int show) {
-  const std::string address = std::string(kWebSite).append(path);
+void OpenWebPage(HWND owner, const std::string& site, std::string_view path, const char* verb,
+                 const char* parameters, const char* folder, int show) {
+  if (site.empty()) return;
+  const std::string address = std::string(site).append(path);
   ShellExecuteA(owner, verb, address.c_str(), parameters, folder, show);
 }
 

@@ -28,9 +28,10 @@ std::string GetWindowsDir();
 // Opens the shell's properties box of the file; an empty path opens nothing.
 void ShowFileProperties(const std::string& path);
 
-// Opens a web page in the user's browser. The parameters are those of ShellExecuteA.
-void OpenWebPage(HWND owner, std::string_view path, const char* verb, const char* parameters,
-                 const char* folder, int show);
+// Opens a page of a web site in the user's browser; nothing where there is no site. The other
+// parameters are those of ShellExecuteA.
+void OpenWebPage(HWND owner, const std::string& site, std::string_view path, const char* verb,
+                 const char* parameters, const char* folder, int show);
 
 // Makes no folder.
 void CreateNewFolder(const std::string& path);

@@ -1,39 +1,49 @@
 #include "shell/open_dialogs.h"
 
+#include <memory>
+#include <utility>
+
 #include "helpers/system_helpers.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
 namespace {
 
-void CloseAbout(frmMain& window) {
-  const auto closing = std::move(window.about);
+// The box goes: the next one is made anew.
+template <class Box>
+void Close(frmMain& window, std::unique_ptr<Box>& box) {
+  const auto closing = std::move(box);
   if (closing) window.front_end.Unload(closing->form);
 }
 
-// The box goes, so that the next question makes a new one.
-void CloseMessBox(frmMain& window) {
-  const auto closing = std::move(window.mess_box);
-  if (closing) window.front_end.Unload(closing->form);
+void OpenSupport(const frmMain& window, const Form& form) {
+  OpenWebPage(window.front_end.WindowHandle(form), window.application.web_address, "/support.php",
+              "open", "1", "1", SW_SHOWMAXIMIZED);
 }
 
 void Answer(frmMain& window, const char* answer) {
   window.MessBoxAnswer = answer;
-  CloseMessBox(window);
+  Close(window, window.mess_box);
 }
 
 }  // namespace
 
 void ShowAbout(frmMain& window) {
   if (!window.about) {
-    window.about = std::make_unique<frmAbout>(window.application.folder);
-    window.about->cmdOK.Clicked.Bind([&window] { CloseAbout(window); });
-    window.about->cmdSupport.Clicked.Bind([&window] {
-      OpenWebPage(window.front_end.WindowHandle(window.about->form), "/support.php", "open", "1",
-                  "1", SW_SHOWMAXIMIZED);
-    });
+    window.about = std::make_unique<frmAbout>(window.application);
+    window.about->cmdOK.Clicked.Bind([&window] { Close(window, window.about); });
+    window.about->cmdSupport.Clicked.Bind([&window] { OpenSupport(window, window.about->form); });
   }
   window.front_end.Show(window.about->form);
+}
+
+void ShowHelp(frmMain& window) {
+  if (!window.help) {
+    window.help = std::make_unique<frmHelp>(window.application);
+    window.help->cmdClose.Clicked.Bind([&window] { Close(window, window.help); });
+    window.help->cmdSupport.Clicked.Bind([&window] { OpenSupport(window, window.help->form); });
+  }
+  window.front_end.Show(window.help->form);
 }
 
 frmMessBox& MessBox(frmMain& window) {
@@ -43,7 +53,7 @@ frmMessBox& MessBox(frmMain& window) {
   box.form.Load.Bind([&box] { box.form.SetTopmost(true); });
   box.cmdYes.Clicked.Bind([&window] { Answer(window, "YES"); });
   box.cmdNo.Clicked.Bind([&window] { Answer(window, "NO"); });
-  box.cmdOK.Clicked.Bind([&window] { CloseMessBox(window); });
+  box.cmdOK.Clicked.Bind([&window] { Close(window, window.mess_box); });
   return box;
 }
 

@@ -27,8 +27,8 @@ void ShowTabFrame(frmMain& window) {
 }
 
 void OpenSitePage(const frmMain& window, std::string_view path) {
-  OpenWebPage(window.front_end.WindowHandle(window.form), path, "Open", nullptr,
-              window.application.folder.c_str(), SW_SHOWNORMAL);
+  OpenWebPage(window.front_end.WindowHandle(window.form), window.application.web_address, path,
+              "Open", nullptr, window.application.folder.c_str(), SW_SHOWNORMAL);
 }
 
 }  // namespace
@@ -80,8 +80,8 @@ void cmdMenuBackups_Click(frmMain& window) {
 
 void lblOptions_Click(frmMain& window, int index) {
   if (index == 3) {
-    OpenWebPage(window.front_end.WindowHandle(window.form), "/tellafriend.php", "open", "1", "1",
-                SW_SHOWMAXIMIZED);
+    OpenWebPage(window.front_end.WindowHandle(window.form), window.application.web_address,
+                "/tellafriend.php", "open", "1", "1", SW_SHOWMAXIMIZED);
     return;
   }
   Label* label = window.lblOptions.Find(index);

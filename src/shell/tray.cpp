@@ -26,7 +26,8 @@ void Restore(frmMain& window) {
 void OpenPageOnTop(frmMain& window, std::string_view path) {
   Restore(window);
   window.front_end.DoEvents();
-  OpenWebPage(window.front_end.WindowHandle(window.form), path, "open", "1", "1", SW_SHOWMAXIMIZED);
+  OpenWebPage(window.front_end.WindowHandle(window.form), window.application.web_address, path,
+              "open", "1", "1", SW_SHOWMAXIMIZED);
 }
 
 }  // namespace

@@ -39,6 +39,9 @@ void BindPages(frmMain& window) {
   }
   window.cmdScanNow.Clicked.Bind([&window] { cmdScanNow_Click(window); });
   window.cmdTellaFriend.Clicked.Bind([&window] { cmdTellaFriend_Click(window); });
+  window.cmdHelp.Clicked.Bind([&window] { ShowHelp(window); });
+  window.cmdAbout.Clicked.Bind([&window] { ShowAbout(window); });
+  window.form.Help.Bind([&window] { ShowHelp(window); });
 }
 
 void BindScan(frmMain& window) {

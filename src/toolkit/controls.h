@@ -157,6 +157,8 @@ class Form : public Control {
   // The mouse has moved over the form's own background: button, shift, x, y. The callbacks of a
   // tray icon come the same way, their number in x: pixels, turned into the unit of ScaleMode.
   Event<int, int, double, double> MouseMove;
+  // A person asks for help, as with F1.
+  Event<> Help;
   // How far the work of the window is, in percent, for the task bar's button; a negative number is
   // no work. Unbound: none.
   std::function<int()> Progress;

@@ -1,7 +1,9 @@
 // The small windows beside the main one.
 #pragma once
 
+#include "toolkit/control_group.h"
 #include "toolkit/controls.h"
+#include "window/application.h"
 
 namespace tidemark {
 
@@ -12,12 +14,22 @@ struct frmSplash {
 };
 
 struct frmAbout {
-  explicit frmAbout(const std::string& program_folder);
+  explicit frmAbout(const Application& application);
   Form form{"frmAbout"};
   ImageBox imgAbout{&form, "imgAbout"};
   Label lblTitle{&form, "lblTitle"};
   Label lblVersion{&form, "lblVersion"};
   CommandButton cmdOK{&form, "cmdOK"};
+  CommandButton cmdSupport{&form, "cmdSupport"};
+};
+
+// What the pages are for, how a repair is undone, and the keys.
+struct frmHelp {
+  explicit frmHelp(const Application& application);
+  Form form{"frmHelp"};
+  ControlGroup<Label> lblTopic{"lblTopic"};
+  ControlGroup<Label> lblText{"lblText"};  // of the topic of the same index
+  CommandButton cmdClose{&form, "cmdClose"};
   CommandButton cmdSupport{&form, "cmdSupport"};
 };
 

@@ -72,6 +72,8 @@ void DesignHome(frmMain& window) {
   window.cmdScanNow.SetDefault(true);
   window.cmdCleanJunk.SetCaption("Clean &Junk Files");
   window.cmdTellaFriend.SetCaption("&Tell a Friend");
+  window.cmdHelp.SetCaption("H&elp");
+  window.cmdAbout.SetCaption("&About");
   NameControls({{window.IMGRegistryStatus, "Registry health"}});
 }
 
@@ -172,6 +174,7 @@ void DesignTabs(frmMain& window) {
     label.SetAccessibleName(kTabs[static_cast<std::size_t>(tab)]);
   }
   for (int tab = 0; tab <= 2; ++tab) window.picAdvOptions(tab).SetVisible(false);
+  window.imgTellaFriend.SetPictureFile(window.application.folder + "\\images\\TellaFriend.jpg");
 
   window.File1.SetPattern("*.reg");
   window.lblscanmsg.Add(&window.picAdvOptions(1), 5).SetCaption("Registry backups and undo files");
@@ -271,6 +274,16 @@ void DesignJunkResults(frmMain& window) {
                 {window.PbarRemoveJunk, "Progress of the removal"}});
 }
 
+// What opens a page of the web site is seen where there is one.
+void HideWithoutWebSite(frmMain& window) {
+  const bool has_site = !window.application.web_address.empty();
+  for (Control* control : std::initializer_list<Control*>{
+           &window.mnuTellafriend, &window.mnuHelp, &window.cmdTellaFriend, &window.imgTellaFriend,
+           &window.lblOptions(3)}) {
+    control->SetVisible(has_site);
+  }
+}
+
 }  // namespace
 
 frmMain::frmMain(FrontEnd& the_front_end, Application the_application)
@@ -284,6 +297,7 @@ frmMain::frmMain(FrontEnd& the_front_end, Application the_application)
   DesignTabs(*this);
   DesignJunkCriteria(*this);
   DesignJunkResults(*this);
+  HideWithoutWebSite(*this);
   PlaceControls(*this);
 }
 

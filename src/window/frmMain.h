@@ -72,6 +72,8 @@ struct frmMain {
   Label lblLastDate{&picWelcome, "lblLastDate"};
   CommandButton cmdScanNow{&picWelcome, "cmdScanNow"};
   CommandButton cmdTellaFriend{&picWelcome, "cmdTellaFriend"};
+  CommandButton cmdHelp{&picWelcome, "cmdHelp"};
+  CommandButton cmdAbout{&picWelcome, "cmdAbout"};
   CommandButton cmdCleanJunk{&picWelcome, "cmdCleanJunk"};
 
   // Scan: the selection and the progress share the panel.
@@ -104,7 +106,8 @@ struct frmMain {
   // Advanced and Backups: a tab frame with a panel for each tab.
   PictureBox picOptions{&form, "picOptions"};
   ImageBox picopttoolback{&picOptions, "picopttoolback"};
-  ControlGroup<Label> lblOptions{"lblOptions"};  // 0 to 3
+  ImageBox imgTellaFriend{&picOptions, "imgTellaFriend"};  // the look of the last label
+  ControlGroup<Label> lblOptions{"lblOptions"};            // 0 to 3
   ControlGroup<PictureBox> picAdvOptions{"picAdvOptions", &picOptions, 3};
 
   // Tab 0: options.
@@ -196,6 +199,7 @@ struct frmMain {
 
   // The small windows: made when they are shown, gone when they are closed.
   std::unique_ptr<frmAbout> about;
+  std::unique_ptr<frmHelp> help;
   std::unique_ptr<frmMessBox> mess_box;
   std::string MessBoxAnswer;
 

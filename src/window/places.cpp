@@ -43,6 +43,8 @@ void PlaceHome(frmMain& window) {
          {window.lblLastDate, {4650, 2400, 5600, 285}},
          {window.cmdScanNow, {4650, 3450, 2400, 525}},
          {window.cmdCleanJunk, {7350, 3450, 2400, 525}},
+         {window.cmdHelp, {4650, 4575, 1125, 420}},
+         {window.cmdAbout, {5925, 4575, 1125, 420}},
          {window.cmdTellaFriend, {7350, 4575, 2400, 420}}});
 }
 
@@ -79,6 +81,8 @@ void PlaceResults(frmMain& window) {
 
 void PlaceTabs(frmMain& window) {
   window.picopttoolback.SetPlace({0, 0, 10515, 480});
+  // Above the line that closes the tabs.
+  window.imgTellaFriend.SetPlace({7875, 0, 2640, 465});
   for (int tab = 0; tab < window.lblOptions.Count(); ++tab) {
     window.lblOptions(tab).SetPlace({tab * 2625, 0, 2625, 480});
   }

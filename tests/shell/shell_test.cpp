@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -135,19 +136,46 @@ TEST(Shell, TabsShowOnePanelAndTheFourthIsNone) {
 TEST(Shell, OpensItsWebPagesAndPropertiesAsToldForEach) {
   ShellPc on;
   if (!on.pc.CanFault()) GTEST_SKIP() << "only a hosted PC remembers what was opened";
-  const std::string site = "https://www.tidemark.example";
+  const std::string site = on.window.application.web_address = "https://www.tidemark.example";
   const std::string folder = on.pc.program_folder();
   on.window.lblOptions(3).Click();
   for (const int index : {0, 1, 2, 3, 4, 5}) imgtoolbar_Click(on.window, index);
   on.window.about->cmdSupport.Click();
+  on.window.form.Help();
+  on.window.help->cmdSupport.Click();
   on.pc.MakeFile(folder + "\\x.txt");
   ShowFileProperties(folder + "\\x.txt");
-  EXPECT_EQ(on.pc.OpenedByShell(),
-            (std::vector<std::string>{"open|" + site + "/tellafriend.php|1|1|3",
-                                      "Open|" + site + "/tellafriend.php||" + folder + "|1",
-                                      "Open|" + site + "/support.php||" + folder + "|1",
-                                      "open|" + site + "/support.php|1|1|3",
-                                      "properties|" + folder + "\\x.txt|||5"}));
+  EXPECT_EQ(
+      on.pc.OpenedByShell(),
+      (std::vector<std::string>{
+          "open|" + site + "/tellafriend.php|1|1|3",
+          "Open|" + site + "/tellafriend.php||" + folder + "|1",
+          "Open|" + site + "/support.php||" + folder + "|1", "open|" + site + "/support.php|1|1|3",
+          "open|" + site + "/support.php|1|1|3", "properties|" + folder + "\\x.txt|||5"}));
+}
+
+TEST(Shell, WithoutAWebSiteNothingThatLeadsThereIsSeenOrOpened) {
+  for (const std::string site : {"", "https://www.tidemark.example"}) {
+    TestPc pc;
+    ScriptFrontEnd front_end;
+    frmMain window(front_end, {.folder = pc.program_folder(), .web_address = site});
+    BindHandlers(window);
+    window.cmdAbout.Click();
+    window.cmdHelp.Click();
+    for (const Control* control : std::initializer_list<const Control*>{
+             &window.mnuTellafriend, &window.mnuHelp, &window.cmdTellaFriend, &window.lblOptions(3),
+             &window.imgTellaFriend, &window.about->cmdSupport, &window.help->cmdSupport}) {
+      EXPECT_EQ(control->Visible(), !site.empty()) << control->Name();
+    }
+    EXPECT_TRUE(window.help->form.Visible() && window.about->form.Visible());
+    if (!site.empty()) continue;
+    for (MenuItem* item : {&window.mnuHelp, &window.mnuTellafriend}) item->Click();
+    window.cmdTellaFriend.Click();
+    window.help->cmdSupport.Click();
+    EXPECT_TRUE(pc.OpenedByShell().empty());
+    window.help->cmdClose.Click();
+    EXPECT_EQ(window.help, nullptr);
+  }
 }
 
 }  // namespace

@@ -72,6 +72,7 @@ TEST(Tray, TheIconsMessagesComeAsMouseMoves) {
 
 TEST(Tray, ItsMenuBringsTheWindowBack) {
   WindowPc on;
+  on.window.application.web_address = "https://www.tidemark.example";
   for (MenuItem* item :
        {&on.window.mnuOpen, &on.window.mnuTellafriend, &on.window.mnuHelp, &on.window.mnuAbout}) {
     // On Windows these two open a page in the user's browser.

@@ -148,7 +148,12 @@ void FormWindow::RefreshProgress() {
 }
 
 bool FormWindow::TakesKey(const MSG& message) {
-  return keyboard_ && !IsClosed() && keyboard_->Takes(message);
+  if (!keyboard_ || IsClosed()) return false;
+  if (message.message == WM_KEYDOWN && message.wParam == VK_F1 && form_.Help.IsBound()) {
+    form_.Help();
+    return true;
+  }
+  return keyboard_->Takes(message);
 }
 
 void FormWindow::Forget() {

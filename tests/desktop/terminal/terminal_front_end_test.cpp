@@ -110,7 +110,7 @@ TEST_F(TerminalTest, AQuestionInTheMiddleOfTheWorkIsAnswered) {
 
 TEST_F(TerminalTest, CloseTakesTheDialogFirst) {
   window.cmdFix.Clicked.Bind([this] {
-    window.about = std::make_unique<frmAbout>("C:\\Program");
+    window.about = std::make_unique<frmAbout>(Application{});
     window.about->form.Unload.Bind([this] { window.about.reset(); });
     front_end.Show(window.about->form);
   });

@@ -47,6 +47,7 @@ TEST_F(TerminalTest, ANoticeBearsTheMarkOfItsKind) {
 TEST_F(TerminalTest, AMenuTakesOneOfItsItems) {
   std::string chosen;
   for (MenuItem* item : {&window.mnuOpen, &window.mnuTellafriend, &window.mnuHelp}) {
+    item->SetVisible(true);
     item->Clicked.Bind([&chosen, item] { chosen += item->Name(); });
   }
   window.mnuTellafriend.SetCaption("Tell a &Friend");
