@@ -9,19 +9,16 @@
 namespace tidemark {
 namespace {
 
-// Without a trailing backslash.
-std::string ProgramFolder() {
+std::string ProgramFile() {
   std::array<char, 4096> path;
   const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  const std::string file(path.data(), length);
-  return file.substr(0, file.rfind('\\'));
+  return {path.data(), length};
 }
 
 }  // namespace
 
 Application WindowsApplication(const SingleInstance& instance) {
-  Application application;
-  application.folder = ProgramFolder();
+  Application application = ApplicationOf(ProgramFile());
   application.previous_instance = instance.AnotherIsRunning();
   MakeProgramFolder(application.folder);
   return application;

@@ -20,4 +20,7 @@ struct Application {
   bool previous_instance = false;  // another Tidemark was running when this one started
 };
 
+// Folder and executable of the running program's file, a full path. A person may have renamed it.
+Application ApplicationOf(const std::string& program_file);
+
 }  // namespace tidemark

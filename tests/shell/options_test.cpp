@@ -44,6 +44,18 @@ TEST(Options, WithNothingStoredTheProgramStartsWithWindows) {
             on.pc.program_folder() + "\\tidemark.exe /m");
 }
 
+TEST(Options, ARenamedProgramIsStartedByItsName) {
+  WindowPc on;
+  for (const auto& [file, command] :
+       {std::pair{"C:\\Tools\\My tidemark.v2.EXE", "C:\\Tools\\My tidemark.v2.exe /m"},
+        {"C:\\To.ols\\tm", "C:\\To.ols\\tm.exe /m"},
+        {"D:\\tm.exe", "D:\\tm.exe /m"}}) {
+    on.window.application = ApplicationOf(file);
+    SetStartupEntry(on.window, true);
+    EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, kEntry), command);
+  }
+}
+
 TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
   struct Case {
     const char *startup, *systray, *scheduler, *type;
@@ -59,7 +71,6 @@ TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
                           {"0", "0", "0", "-1", "0 0 0 3", ""}}) {
     WindowPc on;
     LoadOptions(on.window);
-    SetStartupEntry(on.window, false);
     Store("Startup", one.startup);
     Store("ShowinSystray", one.systray);
     Store("Scheduler", one.scheduler);
