@@ -28,10 +28,14 @@ std::string TimeSeparator();
 // "dddd, mmmm dd yyyy" with the locale's names: "Saturday, November 04 2006".
 std::string LongDateText(const SYSTEMTIME& time);
 
-// Reads a date text under the locale's order of day and month, as the platform's date parser does:
-// digits, the locale's or any of "/", "-", "." between them, month names; where the locale's order
-// gives no date, the other orders are tried. A text with only a time of day gives the year 1899,
-// month 12, day 30. No date in the text: no value.
+// Reads a date text in the locale's own formats, else as the platform's date parser does: digits
+// under the locale's order of day and month, any of "/", "-", "." between them, month names; where
+// the locale's order gives no date, the other orders are tried. A text with only a time of day
+// gives the year 1899, month 12, day 30. No date in the text: no value.
 std::optional<SYSTEMTIME> ParseDate(const std::string& text);
+
+// The same for a text that should be a time of day: where the locale's times look like dates
+// ("13.05.09"), it is one.
+std::optional<SYSTEMTIME> ParseTime(const std::string& text);
 
 }  // namespace tidemark

@@ -1,6 +1,7 @@
 // Those texts that are composed of the locale's others, the same way on both grounds.
 #include <cstdio>
 
+#include "platform/locale_formats.h"
 #include "platform/locale_texts.h"
 
 namespace tidemark {
@@ -51,6 +52,16 @@ std::string FormatTime(const SYSTEMTIME& time, std::string_view pattern) {
     pattern.remove_prefix(1);
   }
   return text;
+}
+
+std::optional<SYSTEMTIME> ParseDate(const std::string& text) {
+  const auto own = ReadOwnDate(text, UserFormats());
+  return own ? own : ParseUsualDate(text);
+}
+
+std::optional<SYSTEMTIME> ParseTime(const std::string& text) {
+  const auto own = ReadOwnTime(text, UserFormats());
+  return own ? own : ParseDate(text);
 }
 
 }  // namespace tidemark

@@ -2,11 +2,11 @@
 
 #include "helpers/diagnostic_tests.h"
 #include "helpers/text_helpers.h"
-#include "platform/locale_texts.h"
 #include "platform/winapi.h"
 #include "registry/stored_settings.h"
 #include "scan/results.h"
 #include "scan/scan.h"
+#include "window/last_run.h"
 #include "window/panels.h"
 #include "window/run.h"
 
@@ -146,8 +146,8 @@ void StoreStatistics(frmMain& window) {
                            .value_or(window.TotalToDate);
   SYSTEMTIME now{};
   GetLocalTime(&now);
-  SaveSetting("LastRunTime", TimeText(now));
-  SaveSetting("LastRunDate", DateText(now));
+  SaveLastRunTime(window, now);
+  SaveLastRunDate(window, now);
   SaveSetting("TotalCount", std::to_string(window.TotalToDate));
   SaveSetting("LastCount", std::to_string(window.ProblemCount));
   SaveSetting("OutstandingErrors", std::to_string(window.ProblemCount));

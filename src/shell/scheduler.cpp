@@ -1,6 +1,7 @@
 #include "shell/scheduler.h"
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 #include "repair/repair.h"
 #include "scan/scan.h"
 #include "shell/pages.h"
+#include "window/last_run.h"
 
 namespace tidemark {
 namespace {
@@ -47,27 +49,53 @@ std::string DayFirst(const std::string& text) {
   return time ? FormatTime(*time, "dd/mm/yy hh:nn:ss") : text;
 }
 
-// No value when one of the texts can't be read.
-std::optional<std::int64_t> Difference(DateUnit unit, const std::string& first,
-                                       const std::string& second) {
-  const std::optional<SYSTEMTIME> from = ParseDate(first);
-  const std::optional<SYSTEMTIME> to = ParseDate(second);
+using OptionalTime = std::optional<SYSTEMTIME>;
+
+// No value when one of the texts could not be read.
+std::optional<std::int64_t> Difference(DateUnit unit, const OptionalTime& from,
+                                       const OptionalTime& to) {
   if (!from || !to) return std::nullopt;
   return DateDiff(unit, *from, *to);
 }
 
+SYSTEMTIME TimeOfDay(SYSTEMTIME moment) {
+  moment.wYear = 1899;
+  moment.wMonth = 12;
+  moment.wDay = 30;
+  return moment;
+}
+
+// By the texts.
+std::optional<std::int64_t> TextDifference(const frmMain& window, const SYSTEMTIME& now,
+                                           const Schedule& schedule) {
+  if (!schedule.with_date) {
+    return Difference(schedule.unit, ParseTime(window.LastRunTime), ParseTime(TimeText(now)));
+  }
+  return Difference(schedule.unit,
+                    ParseDate(DayFirst(window.LastRunDate + " " + window.LastRunTime)),
+                    ParseDate(DayFirst(DateText(now) + " " + TimeText(now))));
+}
+
+// By the moments themselves, when the last run was this process's: some locales write what no
+// reader understands, and each tick would be due.
+std::optional<std::int64_t> OwnDifference(const frmMain& window, const SYSTEMTIME& now,
+                                          const Schedule& schedule) {
+  const OptionalTime last = MomentOfLastRun(window);
+  if (schedule.with_date || !last) return Difference(schedule.unit, last, now);
+  return DateDiff(schedule.unit, TimeOfDay(*last), TimeOfDay(now));
+}
+
 // All schedules are looked at in their order, and a difference that can't be taken counts as due,
-// also that of a schedule that is not chosen.
-bool IsDue(const frmMain& window, const SYSTEMTIME& now, int chosen) {
-  const std::string last = DayFirst(window.LastRunDate + " " + window.LastRunTime);
-  const std::string current = DayFirst(DateText(now) + " " + TimeText(now));
+// also that of a schedule that is not chosen. A number that is no schedule's is never due.
+bool IsDue(const frmMain& window, const SYSTEMTIME& now, double chosen) {
   for (std::size_t index = 0; index < kSchedules.size(); ++index) {
     const Schedule& schedule = kSchedules[index];
-    const auto difference = schedule.with_date
-                                ? Difference(schedule.unit, last, current)
-                                : Difference(schedule.unit, window.LastRunTime, TimeText(now));
+    auto difference = TextDifference(window, now, schedule);
+    if (!difference) difference = OwnDifference(window, now, schedule);
     if (!difference) return true;
-    if (chosen == static_cast<int>(index) && *difference >= schedule.least_difference) return true;
+    if (chosen == static_cast<double>(index) && *difference >= schedule.least_difference) {
+      return true;
+    }
   }
   return false;
 }
@@ -80,7 +108,7 @@ void RunNow(frmMain& window) {
   cmdFix_Click(window);
   Sleep(kPauseMs);
   cmdFinish_Click(window);
-  SaveSetting("LastRunTime", TimeText(Now()));
+  SaveLastRunTime(window, Now());
   window.TmrScheduler.SetEnabled(true);
 }
 
@@ -94,8 +122,7 @@ void TmrScheduler_Timer(frmMain& window) {
   const SYSTEMTIME now = Now();
   window.LastRunTime = Setting("LastRunTime", TimeText(now).c_str());
   window.LastRunDate = Setting("LastRunDate", DateText(now).c_str());
-  int chosen = 0;
-  TakeNumber(chosen, Setting("SchedulerType", "3"));
+  const double chosen = std::floor(LeadingNumber(Setting("SchedulerType", "3")));
   window.AutoRunActive = false;
   if (IsDue(window, now, chosen)) RunNow(window);
   window.AutoRunActive = false;

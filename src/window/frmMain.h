@@ -12,6 +12,7 @@
 #include "controls/xp_progress_bar.h"
 #include "controls/xpcmdbutton.h"
 #include "helpers/ignore_list.h"
+#include "platform/winapi.h"
 #include "toolkit/control_group.h"
 #include "toolkit/controls.h"
 #include "toolkit/file_list_box.h"
@@ -177,6 +178,12 @@ struct frmMain {
   // Texts of the last run, as they are stored.
   std::string LastRunTime;
   std::string LastRunDate;
+  // The same of the run that this process stored, and its moment.
+  struct StoredRun {
+    std::string time;
+    std::string date;
+    SYSTEMTIME moment{};
+  } OwnRun;
   std::string OutstandingErrors;
   int ShowinSystray = 0;  // 1: the window starts hidden
   TrayIcon TrayData;

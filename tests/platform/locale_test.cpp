@@ -1,19 +1,20 @@
 #include <gtest/gtest.h>
 
+#include "platform/locale_formats.h"
 #include "platform/locale_texts.h"
 #include "tests/support/test_pc.h"
 
 namespace tidemark {
 namespace {
 
-std::string Read(const std::string& text) {
-  const std::optional<SYSTEMTIME> time = ParseDate(text);
+std::string Text(const std::optional<SYSTEMTIME>& time) {
   if (!time) return "none";
   return std::to_string(time->wYear) + '-' + std::to_string(time->wMonth) + '-' +
          std::to_string(time->wDay) + ' ' + std::to_string(time->wHour) + ':' +
          std::to_string(time->wMinute) + ':' + std::to_string(time->wSecond) + " day " +
          std::to_string(time->wDayOfWeek);
 }
+std::string Read(const std::string& text) { return Text(ParseDate(text)); }
 
 TEST(LocaleTexts, AreThoseOfUsEnglish) {
   const TestPc pc;
@@ -46,10 +47,49 @@ TEST(LocaleTexts, DatesAreReadAsPeopleWriteThem) {
   };
   for (const auto& [text, date] : kCases) EXPECT_EQ(Read(text), date) << text;
   for (const char* const none :
-       {"", " ", "never", "5", "2006", "2/30/2006", "2/29/2005", "0/1/2006", "11//4/2006",
-        "11/4/2006/3", "11/4/2006x", "11/4/20066", "32/1/2006", "24:00", "12:60", "1/1/99 25:00"}) {
+       {"", " ", "never", "5", "2006", "2/30/2006", "2/29/2005", "0/1/2006", "11/258/2006",
+        "11//4/2006", "11/4/2006/3", "11/4/2006x", "11/4/20066", "32/1/2006", "24:00", "12:60",
+        "1/1/99 25:00"}) {
     EXPECT_EQ(Read(none), "none") << none;
   }
+}
+
+TEST(LocaleTexts, AreReadBackInTheirOwnFormats) {
+  const LocaleFormats dots{"d.M.yyyy", "H.mm.ss", ".", ".", "", ""};
+  const LocaleFormats short_dots{"dd.MM.yy", "HH.mm.ss", ".", ".", "", ""};
+  const LocaleFormats words{"d.M.yyyy '\xD0\xB3.'", "tt h'h'mm ss", ".", "h", "fm", "em"};
+  const LocaleFormats us{"M/d/yyyy", "h:mm:ss tt", "/", ":", "AM", "PM"};
+  struct Case {
+    const LocaleFormats& formats;
+    const char *text, *date, *time;  // as a date, and as a time
+  };
+  const std::string afternoon = "2006-11-4 13:5:9 day 6";
+  for (const Case& one : {
+           Case{dots, "4.11.2006 13.05.09", afternoon.c_str(), "none"},
+           {dots, " 04.11.06 13.05.09 ", afternoon.c_str(), "none"},  // day first, in numbers
+           {dots, "13.05.09", "2009-5-13 0:0:0 day 3", "1899-12-30 13:5:9 day 6"},
+           {dots, "23.59.59", "1899-12-30 23:59:59 day 6", "1899-12-30 23:59:59 day 6"},
+           {dots, "4.11.2006 24.00.00", "none", "none"},
+           {dots, "31.2.2006", "none", "none"},
+           {dots, "4.11.2006 13.05.09x", "none", "none"},
+           {short_dots, "04.11.06 13.05.09", afternoon.c_str(), "none"},
+           {words, "4.11.2006 \xD0\xB3. em 1h05 09", afternoon.c_str(), "none"},
+           {words, "FM 12h05 09", "1899-12-30 0:5:9 day 6", "1899-12-30 0:5:9 day 6"},
+           {words, "em 13h05 09", "none", "none"},
+           {us, "11/4/2006 1:05:09 PM", afternoon.c_str(), "none"},
+           {us, "04/11/06 13:05:09", "2006-4-11 13:5:9 day 2", "none"},  // the month comes first
+           {us, "14/11/06 13:05:09", "none", "none"},
+           {us, "", "none", "none"},
+           {{"", "", "", "", "", ""}, "x", "none", "none"},
+           {{"'", "'tt", "'", "", "", ""}, "1", "none", "none"},
+           {{"d", "'at' ss", "", "", "", ""}, "at 09", "none", "none"},
+       }) {
+    EXPECT_EQ(Text(ReadOwnDate(one.text, one.formats)), one.date) << one.text;
+    EXPECT_EQ(Text(ReadOwnTime(one.text, one.formats)), one.time) << one.text;
+  }
+  const TestPc pc;
+  EXPECT_EQ(UserFormats().short_date + '|' + UserFormats().long_time, "M/d/yyyy|h:mm:ss tt");
+  EXPECT_EQ(UserFormats().before_noon + UserFormats().after_noon, "AMPM");
 }
 
 }  // namespace

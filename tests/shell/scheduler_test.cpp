@@ -77,13 +77,17 @@ TEST(Scheduler, ARunComesDueAtItsBoundaryAndNotBefore) {
       {"3", {14, 13, 5}, {21, 12, 59, 59}, false}, {"3", {14, 13, 5}, {21, 13, 0}, true},
       {"4", {14, 13, 5}, {28, 23, 59}, false},     {"-1", {14, 13, 5}, {28, 23, 59}, false},
       {"x", {14, 13, 5}, {14, 13, 35}, true},  // no number, so 0
-      {"99999", {14, 13, 5}, {14, 13, 35}, true},
+      {"0.9", {14, 13, 5}, {14, 13, 35}, true},    {"2.9", {14, 13, 5}, {15, 13, 5}, true},
+      {"99999", {14, 13, 5}, {28, 23, 59}, false}, {"-0.5", {14, 13, 5}, {28, 23, 59}, false},
   };
   SchedulerPc on;
   if (!on.pc.CanFault()) GTEST_SKIP() << "the clock can't be set on this ground";
   for (const auto& [date, time] : {std::pair{"M/d/yyyy", "h:mm:ss tt"},
                                    {"dd/MM/yyyy", "HH:mm:ss"},
-                                   {"d.M.yyyy", "HH:mm:ss"},
+                                   {"d.M.yyyy", "H.mm.ss"},
+                                   {"dd.MM.yy", "HH.mm.ss"},
+                                   {"d. M. yyyy 'r.'", "tt h'h'mm'm'ss"},
+                                   {"d-MMM-yy", "H.mm.ss"},
                                    {"dd/MM/yy", "H.mm.ss"}}) {
     on.pc.SetLocale(date, time);
     for (const Case& one : cases) {
@@ -138,6 +142,33 @@ TEST(Scheduler, WhatCannotBeReadIsDueAndWhatIsMissingIsNot) {
       EXPECT_TRUE(on.RunsAtTick()) << date << ' ' << time << " type " << type;
     }
     EXPECT_FALSE(on.RunsAtTick()) << "the run has stored new ones, type " << type;
+  }
+}
+
+TEST(Scheduler, AnOwnRunCountsWhereItsTextsCannotBeReadBack) {
+  SchedulerPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "the clock can't be set on this ground";
+  on.pc.SetLocale("'on' dddd", "'at' ss");
+  struct Case {
+    const char* type;
+    Moment now;  // the run is on the 4th at 13:05:09
+    bool due;
+  };
+  for (const Case& one : {Case{"0", {4, 13, 34}, false},
+                          {"0", {4, 13, 35}, true},
+                          {"1", {5, 12, 59}, false},
+                          {"1", {4, 14, 0}, true},
+                          {"2", {5, 12, 59}, false},
+                          {"2", {5, 13, 0}, true},
+                          {"3", {11, 12, 59}, false},
+                          {"3", {11, 13, 0}, true}}) {
+    on.pc.SetTime({2006, 11, 6, 4, 13, 5, 9, 0});
+    Store("SchedulerType", one.type);
+    Store("LastRunTime", "of another process");
+    EXPECT_TRUE(on.RunsAtTick()) << one.type;
+    EXPECT_EQ(Stored("LastRunDate") + ' ' + Stored("LastRunTime"), "on Saturday at 09");
+    on.pc.SetTime(one.now.InNovember());
+    EXPECT_EQ(on.RunsAtTick(), one.due) << one.type << ' ' << one.now.day << ". " << one.now.hour;
   }
 }
 

@@ -176,9 +176,11 @@ class DateText {
 
   std::optional<SYSTEMTIME> Made(unsigned year, unsigned month, unsigned day) const {
     using namespace std::chrono;
+    // The library keeps a month and a day in a byte.
+    if (year < 100 || month > 12 || day > 31) return std::nullopt;
     const year_month_day date{std::chrono::year(static_cast<int>(year)), std::chrono::month(month),
                               std::chrono::day(day)};
-    if (!date.ok() || year < 100) return std::nullopt;
+    if (!date.ok()) return std::nullopt;
     SYSTEMTIME time{};
     time.wYear = static_cast<WORD>(year);
     time.wMonth = static_cast<WORD>(month);

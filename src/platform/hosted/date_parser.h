@@ -10,7 +10,7 @@ namespace tidemark::hosted {
 
 struct PcSettings;
 
-// `now` gives the year where the text names none. See ParseDate in locale_texts.h.
+// `now` gives the year where the text names none. See ParseUsualDate.
 std::optional<SYSTEMTIME> ParseDateText(std::string_view text, const PcSettings& settings,
                                         const SYSTEMTIME& now);
 

@@ -9,6 +9,7 @@
 #include "platform/hosted/date_parser.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
+#include "platform/locale_formats.h"
 #include "platform/unicode.h"
 
 namespace tidemark {
@@ -99,7 +100,12 @@ std::string TimeSeparator() { return Separator(HostedPc::Current().settings().lo
 
 std::string LongDateText(const SYSTEMTIME& time) { return Format("dddd, MMMM dd yyyy", time); }
 
-std::optional<SYSTEMTIME> ParseDate(const std::string& text) {
+LocaleFormats UserFormats() {
+  const PcSettings& settings = HostedPc::Current().settings();
+  return {settings.short_date, settings.long_time, DateSeparator(), TimeSeparator(), "AM", "PM"};
+}
+
+std::optional<SYSTEMTIME> ParseUsualDate(const std::string& text) {
   HostedPc& pc = HostedPc::Current();
   return hosted::ParseDateText(text, pc.settings(), pc.clock().LocalTime());
 }

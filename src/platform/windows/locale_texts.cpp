@@ -2,6 +2,7 @@
 
 #include <oleauto.h>
 
+#include "platform/locale_formats.h"
 #include "platform/unicode.h"
 
 namespace tidemark {
@@ -21,8 +22,8 @@ std::string FormatDate(const SYSTEMTIME& time, DWORD flags, const wchar_t* pictu
 }
 
 std::string LocaleText(LCTYPE type) {
-  wchar_t text[32] = L"";
-  return Utf8(text, GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, 32));
+  wchar_t text[128] = L"";
+  return Utf8(text, GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, 128));
 }
 
 struct FreeText {
@@ -46,7 +47,16 @@ std::string LongDateText(const SYSTEMTIME& time) {
   return FormatDate(time, 0, L"dddd, MMMM dd yyyy");
 }
 
-std::optional<SYSTEMTIME> ParseDate(const std::string& text) {
+LocaleFormats UserFormats() {
+  return {LocaleText(LOCALE_SSHORTDATE),
+          LocaleText(LOCALE_STIMEFORMAT),
+          DateSeparator(),
+          TimeSeparator(),
+          LocaleText(LOCALE_S1159),
+          LocaleText(LOCALE_S2359)};
+}
+
+std::optional<SYSTEMTIME> ParseUsualDate(const std::string& text) {
   const std::string utf16 = Utf16FromUtf8(text);
   const FreeText owned{SysAllocStringByteLen(utf16.data(), static_cast<UINT>(utf16.size()))};
   DATE date = 0;
