@@ -13,7 +13,7 @@ namespace {
 
 using namespace tidemark::hosted;
 
-std::string Exported(std::string_view script, RegistryTextForm form) {
+std::string Exported(std::string_view script, ScriptForm form) {
   RegistryStore store("S-1-5-21-0-0-0-1000");
   ImportRegistryText(script, store);
   return ExportRegistryText(store, "", form);
@@ -23,9 +23,9 @@ std::string Exported(std::string_view script, RegistryTextForm form) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view script(reinterpret_cast<const char*>(data), size);
-  const std::string version5 = Exported(script, RegistryTextForm::kVersion5);
-  tidemark::fuzz::Require(Exported(version5, RegistryTextForm::kVersion5) == version5);
-  const std::string regedit4 = Exported(script, RegistryTextForm::kRegedit4);
-  Exported(regedit4, RegistryTextForm::kRegedit4);
+  const std::string version5 = Exported(script, ScriptForm::kVersion5);
+  tidemark::fuzz::Require(Exported(version5, ScriptForm::kVersion5) == version5);
+  const std::string regedit4 = Exported(script, ScriptForm::kRegedit4);
+  Exported(regedit4, ScriptForm::kRegedit4);
   return 0;
 }

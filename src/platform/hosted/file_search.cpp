@@ -11,12 +11,12 @@
 #include <utility>
 #include <vector>
 
+#include "platform/exact_text.h"
 #include "platform/hosted/file_details.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/host_file.h"
 #include "platform/hosted/name_pattern.h"
 #include "platform/hosted/pc_path.h"
-#include "platform/hosted/registry_names.h"
 #include "platform/letter_case.h"
 
 namespace tidemark::hosted {

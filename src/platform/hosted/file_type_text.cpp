@@ -5,6 +5,7 @@
 #include "platform/hosted/registry_call_checks.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/letter_case.h"
+#include "platform/registry_rules.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
@@ -17,7 +18,7 @@ std::string DefaultText(const std::string& key) {
   if (hosted::Resolve(store, HKEY_CLASSES_ROOT, 0, &classes) != ERROR_SUCCESS) return {};
   const hosted::RegistryView view = store.Open(classes.view, key);
   const hosted::RegistryValue* const value = view.exists() ? store.FindValue(view, {}) : nullptr;
-  if (value == nullptr || !hosted::IsTextType(value->type())) return {};
+  if (value == nullptr || !IsTextType(value->type())) return {};
   return std::string(value->data().substr(0, value->data().find('\0')));
 }
 

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/hosted/registry_names.h"
+#include "platform/exact_text.h"
 #include "platform/letter_case.h"
 
 namespace tidemark::hosted {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/hosted/registry_names.h"
+#include "platform/exact_text.h"
 #include "platform/letter_case.h"
 
 namespace tidemark::hosted {

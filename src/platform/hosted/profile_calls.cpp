@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/code_page.h"
+#include "platform/exact_text.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/mapped_profile.h"
@@ -13,7 +14,6 @@
 #include "platform/hosted/pc_settings.h"
 #include "platform/hosted/profile_text.h"
 #include "platform/hosted/registry_editor.h"
-#include "platform/hosted/registry_names.h"
 #include "platform/unicode.h"
 #include "platform/winapi.h"
 
@@ -59,7 +59,7 @@ LONG Load(const std::string& path, LoadedProfile& profile) {
   profile.odd_byte = bytes.size() % 2 != 0;
   profile.last_byte = bytes.back();
   std::string text;
-  tidemark::hosted::AppendFromUtf16(std::string_view(bytes).substr(kUtf16Mark.size()), text);
+  tidemark::AppendFromUtf16(std::string_view(bytes).substr(kUtf16Mark.size()), text);
   profile.text = ProfileText(std::move(text));
   return ERROR_SUCCESS;
 }
@@ -69,7 +69,7 @@ LONG Save(const std::string& path, const LoadedProfile& profile) {
     return Files().Overwrite(path, tidemark::ToSystemCodePage(profile.text.text()));
   }
   std::string bytes(kUtf16Mark);
-  tidemark::hosted::AppendAsUtf16(profile.text.text(), bytes);
+  tidemark::AppendAsUtf16(profile.text.text(), bytes);
   if (profile.odd_byte) bytes += profile.last_byte;
   return Files().Overwrite(path, bytes);
 }

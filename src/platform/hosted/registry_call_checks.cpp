@@ -3,6 +3,7 @@
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_editor.h"
 #include "platform/hosted/registry_handles.h"
+#include "platform/registry_rules.h"
 
 namespace tidemark::hosted {
 namespace {

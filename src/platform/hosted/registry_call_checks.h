@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/hosted/registry_names.h"
+#include "platform/exact_text.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/winapi.h"
 
@@ -17,10 +17,6 @@ RegistryStore& CurrentRegistry();
 
 inline std::string_view TextOrEmpty(LPCSTR text) {
   return text == nullptr ? std::string_view() : text;
-}
-
-inline bool IsTextType(DWORD type) {
-  return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
 }
 
 inline bool LongerThan(std::string_view text, std::size_t units) {

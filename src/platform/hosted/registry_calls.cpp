@@ -4,21 +4,23 @@
 #include <string>
 #include <string_view>
 
+#include "platform/exact_text.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_call_checks.h"
 #include "platform/hosted/registry_handles.h"
-#include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_store.h"
+#include "platform/registry_rules.h"
 #include "platform/winapi.h"
 
 // The hosted PC does as Windows does where Wine 8.0 differs: HKEY_CLASSES_ROOT shows the user's
 // classes over the machine's (Wine: the machine's alone), and "" on RegCreateKeyExA opens an
 // existing key (Wine: reports it as new).
 
+using tidemark::IsTextType;
+using tidemark::Utf16Length;
 using tidemark::hosted::CurrentRegistry;
 using tidemark::hosted::HostedPc;
 using tidemark::hosted::IncomingText;
-using tidemark::hosted::IsTextType;
 using tidemark::hosted::NamesNoKey;
 using tidemark::hosted::OpenKey;
 using tidemark::hosted::RegistryStore;
@@ -27,7 +29,6 @@ using tidemark::hosted::RegistryView;
 using tidemark::hosted::Resolve;
 using tidemark::hosted::ResolveForOpen;
 using tidemark::hosted::TextOrEmpty;
-using tidemark::hosted::Utf16Length;
 
 namespace {
 
@@ -76,14 +77,19 @@ DWORD LongestValueName(RegistryStore& store, const RegistryView& view) {
 }
 
 // In bytes of the platform's own 16-bit text, as it stores it.
+std::size_t StoredSize(const RegistryValue& value) {
+  if (!IsTextType(value.type())) return value.data().size();
+  return 2 * Utf16Length(value.data()) + (value.odd_byte() ? 1 : 0);
+}
+
 DWORD LongestData(RegistryStore& store, const RegistryView& view) {
   std::size_t longest = 0;
   for (std::size_t i = store.ValueCount(view); i > 0; --i) {
     const RegistryValue& value = store.ValueAt(view, i - 1);
     const std::size_t size = value.data().size();
     const bool text = IsTextType(value.type());
-    if ((text ? 2 * size : size) <= longest) continue;
-    longest = std::max(longest, text ? 2 * Utf16Length(value.data()) : size);
+    if ((text ? 2 * size + 1 : size) <= longest) continue;
+    longest = std::max(longest, StoredSize(value));
   }
   return static_cast<DWORD>(longest);
 }

@@ -122,7 +122,7 @@ void RegistryEditor::End(const Command& command) {
     ImportRegistryText(command.text, registry);
     return;
   }
-  const auto form = eight_bit_ ? RegistryTextForm::kRegedit4 : RegistryTextForm::kVersion5;
+  const auto form = eight_bit_ ? ScriptForm::kRegedit4 : ScriptForm::kVersion5;
   HostedPc::Current().files().WriteWhole(command.file,
                                          ExportRegistryText(registry, command.key, form));
 }

@@ -16,9 +16,13 @@ constexpr std::size_t kFewValues = 16;
 }  // namespace
 
 RegistryValue::RegistryValue(std::string_view name, std::uint32_t name_hash, DWORD type,
-                             std::string_view data)
+                             std::string_view data, std::optional<char> odd_byte)
     : block_(std::make_unique_for_overwrite<char[]>(sizeof(Header) + name.size() + data.size())) {
-  const Header header{type, name_hash, static_cast<std::uint32_t>(name.size()),
+  const Header header{type,
+                      name_hash,
+                      static_cast<std::uint16_t>(name.size()),
+                      static_cast<std::uint8_t>(odd_byte ? 1 : 0),
+                      odd_byte.value_or('\0'),
                       static_cast<std::uint32_t>(data.size())};
   std::memcpy(block_.get(), &header, sizeof header);
   char* text = block_.get() + sizeof header;
@@ -99,15 +103,16 @@ const RegistryValue* RegistryKey::FindValue(std::string_view name) const {
   return position < values_.size() ? &values_[position] : nullptr;
 }
 
-void RegistryKey::SetValue(std::string_view name, DWORD type, std::string_view data) {
+void RegistryKey::SetValue(std::string_view name, DWORD type, std::string_view data,
+                           std::optional<char> odd_byte) {
   const std::uint32_t hash = HashName(name);
   const std::size_t position = FindValueAt(name, hash);
   if (position < values_.size()) {
     RegistryValue& value = values_[position];
-    const RegistryValue old = std::exchange(value, {value.name(), hash, type, data});
+    const RegistryValue old = std::exchange(value, {value.name(), hash, type, data, odd_byte});
     if (index_) index_->Replace(old.identity(), value);
   } else {
-    values_.Insert(position, {name, hash, type, data});
+    values_.Insert(position, {name, hash, type, data, odd_byte});
     if (index_) index_->AddLast(values_);
   }
 }

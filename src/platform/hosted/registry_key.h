@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,13 +56,19 @@ class PackedList {
 class RegistryValue {
  public:
   RegistryValue() = default;
-  RegistryValue(std::string_view name, std::uint32_t name_hash, DWORD type, std::string_view data);
+  RegistryValue(std::string_view name, std::uint32_t name_hash, DWORD type, std::string_view data,
+                std::optional<char> odd_byte);
 
   DWORD type() const { return header()->type; }
   std::uint32_t name_hash() const { return header()->name_hash; }
   std::string_view name() const { return {text(), header()->name_size}; }
-  // Of the text types, the text as the 8-bit calls show it, with the ending NUL if one is stored.
+  // Of the text types, the text as the 8-bit calls show it (exact_text.h), with the ending NUL if
+  // one is stored.
   std::string_view data() const { return {text() + header()->name_size, header()->data_size}; }
+  // Of the text types, what is left over of an odd number of bytes; the 8-bit calls don't show it.
+  std::optional<char> odd_byte() const {
+    return header()->has_odd_byte != 0 ? std::optional<char>(header()->odd_byte) : std::nullopt;
+  }
   // Tells this value from others as long as it lives, wherever it is moved.
   const void* identity() const { return block_.get(); }
 
@@ -69,7 +76,9 @@ class RegistryValue {
   struct Header {
     std::uint32_t type;
     std::uint32_t name_hash;
-    std::uint32_t name_size;
+    std::uint16_t name_size;  // the longest name takes three bytes a unit
+    std::uint8_t has_odd_byte;
+    char odd_byte;
     std::uint32_t data_size;
   };
   const Header* header() const { return reinterpret_cast<const Header*>(block_.get()); }
@@ -104,7 +113,8 @@ class RegistryKey {
   // Null when there is none; "" is the default value.
   const RegistryValue* FindValue(std::string_view name) const;
   // An existing value keeps its place and the spelling of its name.
-  void SetValue(std::string_view name, DWORD type, std::string_view data);
+  void SetValue(std::string_view name, DWORD type, std::string_view data,
+                std::optional<char> odd_byte = {});
   bool DeleteValue(std::string_view name);
 
   // Open handles on the key; a deleted key lives until the last is closed.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/registry_rules.h"
+
 namespace tidemark::hosted {
 
 RegistryView ScriptKeyFinder::Make(std::string_view path) {

@@ -6,6 +6,7 @@
 #include "platform/hosted/registry_handles.h"
 #include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_text.h"
+#include "platform/registry_rules.h"
 
 namespace tidemark::hosted {
 namespace {
@@ -55,13 +56,6 @@ bool LiesAtOrBelow(std::string_view name, std::string_view top) {
 }
 
 }  // namespace
-
-std::string_view NextPart(std::string_view& path) {
-  while (!path.empty() && path.front() == '\\') path.remove_prefix(1);
-  const std::string_view part = path.substr(0, path.find('\\'));
-  path.remove_prefix(part.size());
-  return part;
-}
 
 RegistryStore::RegistryStore(std::string user_sid)
     : user_sid_(std::move(user_sid)),
@@ -190,8 +184,8 @@ RegistryView RegistryStore::MakeBelow(const RegistryView& parent, std::string_vi
 }
 
 void RegistryStore::SetValue(RegistryKey& key, std::string_view name, DWORD type,
-                             std::string_view data) {
-  key.SetValue(name, type, data);
+                             std::string_view data, std::optional<char> odd_byte) {
+  key.SetValue(name, type, data, odd_byte);
   Changed(key);
 }
 

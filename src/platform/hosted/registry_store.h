@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -70,7 +71,8 @@ class RegistryStore {
   // unless only the user's is there. The view does not exist when the last key that was there
   // denies it, or when the path goes deeper than 512 keys.
   RegistryView Create(const RegistryView& from, std::string_view path, bool* made);
-  void SetValue(RegistryKey& key, std::string_view name, DWORD type, std::string_view data);
+  void SetValue(RegistryKey& key, std::string_view name, DWORD type, std::string_view data,
+                std::optional<char> odd_byte = {});
   bool DeleteValue(RegistryKey& key, std::string_view name);
   // With all below it. Keys that are open stay in memory, marked as deleted.
   void DeleteKey(RegistryKey& key);
@@ -133,8 +135,5 @@ class RegistryStore {
   std::unordered_map<const RegistryKey*, std::unique_ptr<RegistryKey>> graveyard_;
   std::unique_ptr<RegistryHandles> handles_;
 };
-
-// Cuts the next part off a path: the text before the next backslash. Empty at the end.
-std::string_view NextPart(std::string_view& path);
 
 }  // namespace tidemark::hosted

@@ -1,6 +1,4 @@
-// Registry scripts, the text format of the registry editor, in its two forms: "Windows Registry
-// Editor Version 5.00", which is 16-bit text (also read as 8-bit), and the older "REGEDIT4" in the
-// system's 8-bit code page, where binary-coded texts are 8-bit too.
+// The hosted registry from and to registry scripts, the text format of the registry editor.
 #pragma once
 
 #include <cstddef>
@@ -9,6 +7,7 @@
 #include <string_view>
 
 #include "platform/hosted/registry_store.h"
+#include "platform/registry_script_writer.h"
 
 namespace tidemark::hosted {
 
@@ -24,12 +23,9 @@ void ImportRegistryText(std::string_view bytes, RegistryStore& store);
 // HostedPcError.
 void SaveRegistryText(const RegistryStore& store, const std::filesystem::path& file);
 
-enum class RegistryTextForm { kVersion5, kRegedit4 };
-
 // The bytes of a script with the key and all below it, under the name by which it was asked for;
 // with the empty name, HKEY_LOCAL_MACHINE and HKEY_USERS. Empty when there is no such key.
-std::string ExportRegistryText(RegistryStore& store, std::string_view full_name,
-                               RegistryTextForm form);
+std::string ExportRegistryText(RegistryStore& store, std::string_view full_name, ScriptForm form);
 
 // Keys and values that such a script holds.
 std::size_t CountForExport(RegistryStore& store, std::string_view full_name);

@@ -2,121 +2,40 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/code_page.h"
 #include "platform/hosted/hosted_pc.h"
-#include "platform/hosted/registry_names.h"
-#include "platform/hosted/registry_script_cursor.h"
 #include "platform/hosted/registry_script_keys.h"
-#include "platform/hosted/registry_script_value.h"
 #include "platform/hosted/registry_text.h"
+#include "platform/registry_script_reader.h"
 
 namespace tidemark::hosted {
 namespace {
 
-constexpr std::string_view kVersion5 = "Windows Registry Editor Version 5.00";
-constexpr std::string_view kRegedit4 = "REGEDIT4";
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-constexpr std::string_view kUtf16BigMark = "\xFE\xFF";
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
-std::string_view WithoutBlanksBehind(std::string_view text) {
-  while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-  return text;
-}
-
-// Reads a script that has been brought to UTF-8 text.
-class ScriptReader {
+// Brings what a script says into the registry.
+class ScriptImport {
  public:
-  ScriptReader(std::string_view text, ScriptManner manner, RegistryStore& store)
-      : cursor_(text), manner_(manner), store_(store), finder_(store), values_(cursor_, manner) {}
-  ScriptReader(const ScriptReader&) = delete;
-  ScriptReader& operator=(const ScriptReader&) = delete;
+  explicit ScriptImport(RegistryStore& store) : store_(store), finder_(store) {}
 
-  // Throws ScriptFault in the strict manner, with line() at the line that is at fault.
-  void Read() {
-    ReadHeader();
-    while (!cursor_.AtEnd()) {
-      line_start_ = cursor_.position();
-      try {
-        ReadLine();
-      } catch (const ScriptFault&) {
-        if (manner_ == ScriptManner::kStrict) throw;
-        cursor_.MoveTo(line_start_);
-        cursor_.SkipLine();
-      }
+  // Throws ScriptFault when that can't be done.
+  void Apply(ScriptReader::Line line, const ScriptReader& script) {
+    switch (line) {
+      case ScriptReader::Line::kKey:
+      case ScriptReader::Line::kRemovedKey:
+        key_ = {};
+        CheckRoot(script.key());
+        if (line == ScriptReader::Line::kRemovedKey) return RemoveKey(script.key());
+        key_ = finder_.Make(script.key());
+        if (!key_.exists()) throw ScriptFault{"the key can't be made"};
+        return;
+      case ScriptReader::Line::kValue:
+        return Apply(script.value());
+      case ScriptReader::Line::kEnd:
+        return;
     }
-  }
-
-  // The number of the line that was read last.
-  std::size_t line() const {
-    std::size_t line = 1;
-    for (const char character : cursor_.text().substr(0, line_start_)) {
-      line += character == '\n' ? 1 : 0;
-    }
-    return line;
   }
 
  private:
-  void ReadHeader() {
-    const std::string_view header = WithoutBlanksBehind(cursor_.RestOfLine());
-    const bool eight_bit = header == kRegedit4;
-    if (!eight_bit && header != kVersion5)
-      throw ScriptFault{"no registry script: unknown first line"};
-    values_.set_eight_bit(eight_bit);
-    cursor_.SkipLine();
-  }
-
-  void ReadLine() {
-    cursor_.SkipBlanks();
-    switch (cursor_.Peek()) {
-      case '[':
-        return ReadKeyLine();
-      case '@':
-      case '"':
-        return Apply(values_.Read());
-      case ';':
-      case '\r':
-      case '\n':
-        return cursor_.SkipLine();
-      case '\0':
-        if (cursor_.AtEnd()) return;
-        [[fallthrough]];
-      default:
-        throw ScriptFault{"neither a key nor a value"};
-    }
-  }
-
-  void ReadKeyLine() {
-    key_ = {};
-    const std::string_view line = cursor_.RestOfLine();
-    const std::size_t end = line.rfind(']');
-    if (end == std::string_view::npos) throw ScriptFault{"a key without its closing bracket"};
-    if (!WithoutBlanksBehind(line.substr(end + 1)).empty() && manner_ == ScriptManner::kStrict) {
-      throw ScriptFault{"something stands behind the key"};
-    }
-    std::string_view path = line.substr(1, end - 1);
-    const bool removes = path.starts_with('-');
-    if (removes) path.remove_prefix(1);
-    CheckKey(path);
-    cursor_.Advance(line.size());
-    cursor_.SkipLine();
-    if (removes) {
-      RemoveKey(path);
-      return;
-    }
-    key_ = finder_.Make(path);
-    if (!key_.exists()) throw ScriptFault{"the key can't be made"};
-  }
-
-  void CheckKey(std::string_view path) const {
+  void CheckRoot(std::string_view path) const {
     if (!store_.IsRoot(path.substr(0, path.find('\\')))) throw ScriptFault{"unknown root of a key"};
-    if (path.find('\0') != std::string_view::npos) throw ScriptFault{"a NUL in the name of a key"};
-    if (path.size() <= kLongestKeyName) return;
-    for (std::string_view part = NextPart(path); !part.empty(); part = NextPart(path)) {
-      if (part.size() > kLongestKeyName && Utf16Length(part) > kLongestKeyName) {
-        throw ScriptFault{"the name of a key is too long"};
-      }
-    }
   }
 
   void RemoveKey(std::string_view path) {
@@ -136,36 +55,14 @@ class ScriptReader {
     if (value.removes) {
       store_.DeleteValue(key, value.name);
     } else {
-      store_.SetValue(key, value.name, value.type, value.data);
+      store_.SetValue(key, value.name, value.type, value.data, value.odd_byte);
     }
   }
 
-  ScriptCursor cursor_;
-  ScriptManner manner_;
   RegistryStore& store_;
   ScriptKeyFinder finder_;
-  ScriptValueReader values_;
-  std::size_t line_start_ = 0;
   RegistryView key_;
 };
-
-// Brings the script to UTF-8. In the strict manner it throws ScriptFault on what is no known
-// encoding.
-std::string Decode(std::string_view bytes, ScriptManner manner) {
-  if (bytes.starts_with(kUtf16Mark)) {
-    if (bytes.size() % 2 != 0 && manner == ScriptManner::kStrict) {
-      throw ScriptFault{"16-bit text with half a character at its end"};
-    }
-    std::string text;
-    text.reserve(bytes.size() / 2);
-    AppendFromUtf16(bytes.substr(kUtf16Mark.size()), text);
-    return text;
-  }
-  if (bytes.starts_with(kUtf16BigMark))
-    throw ScriptFault{"unknown encoding: 16-bit text, big end first"};
-  if (bytes.starts_with(kUtf8Mark)) return MendText(bytes.substr(kUtf8Mark.size()));
-  return IsAscii(bytes) ? std::string(bytes) : FromSystemCodePage(bytes);
-}
 
 std::string ReadFile(const std::filesystem::path& file) {
   std::error_code error;
@@ -192,28 +89,42 @@ void LoadRegistryText(const std::filesystem::path& file, RegistryStore& store) {
   const auto fail = [&file](std::size_t line, const char* what) {
     throw HostedPcError(file.string() + ":" + std::to_string(line) + ": " + what);
   };
+  std::optional<ScriptReader> script;
   try {
-    text = Decode(bytes, ScriptManner::kStrict);
+    text = DecodeScript(bytes, ScriptManner::kStrict);
+    std::string().swap(bytes);
+    script.emplace(text, ScriptManner::kStrict);
   } catch (const ScriptFault& fault) {
     std::size_t line = 1;
     for (const char byte : bytes) line += byte == '\n' ? 1 : 0;
     fail(bytes.size() % 2 != 0 ? line : 1, fault.what);
   }
-  std::string().swap(bytes);
-  ScriptReader reader(text, ScriptManner::kStrict, store);
+  ScriptImport import(store);
   try {
-    reader.Read();
+    for (auto line = script->Next(); line != ScriptReader::Line::kEnd; line = script->Next()) {
+      import.Apply(line, *script);
+    }
   } catch (const ScriptFault& fault) {
-    fail(reader.line(), fault.what);
+    fail(script->line(), fault.what);
   }
 }
 
 void ImportRegistryText(std::string_view bytes, RegistryStore& store) {
+  std::string text;
+  std::optional<ScriptReader> script;
   try {
-    const std::string text = Decode(bytes, ScriptManner::kLenient);
-    ScriptReader(text, ScriptManner::kLenient, store).Read();
+    text = DecodeScript(bytes, ScriptManner::kLenient);
+    script.emplace(text, ScriptManner::kLenient);
   } catch (const ScriptFault&) {
-    // No script at all: the editor does nothing.
+    return;  // no script at all: the editor does nothing
+  }
+  ScriptImport import(store);
+  for (auto line = script->Next(); line != ScriptReader::Line::kEnd; line = script->Next()) {
+    try {
+      import.Apply(line, *script);
+    } catch (const ScriptFault&) {
+      // Passed over.
+    }
   }
 }
 

@@ -3,17 +3,17 @@
 #include <string_view>
 
 #include "platform/hosted/registry_call_checks.h"
-#include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_store.h"
+#include "platform/registry_rules.h"
 #include "platform/winapi.h"
 
 // The hosted PC does as Windows does where Wine 8.0 differs: values come in the order they were
 // made (Wine: sorted), and RegEnumValueA gives the name also when the data area is too small.
 
+using tidemark::IsTextType;
+using tidemark::kLongestValueName;
 using tidemark::hosted::CurrentRegistry;
 using tidemark::hosted::IncomingText;
-using tidemark::hosted::IsTextType;
-using tidemark::hosted::kLongestValueName;
 using tidemark::hosted::LongerThan;
 using tidemark::hosted::OpenKey;
 using tidemark::hosted::RegistryKey;

@@ -62,7 +62,7 @@ TEST(HostedRegistry, ClassesAreTheUsersOverTheMachines) {
   const UniqueKey merged = Make(HKEY_CLASSES_ROOT, ".txt");
   EXPECT_EQ(Listing(merged.Get()), "m\\ twice\\ u\\ B=user a=machine ");
   const std::string name = "HKEY_CLASSES_ROOT\\.txt";
-  EXPECT_EQ(ExportRegistryText(Store(), name, RegistryTextForm::kRegedit4),
+  EXPECT_EQ(ExportRegistryText(Store(), name, ScriptForm::kRegedit4),
             "REGEDIT4\r\n\r\n[" + name + "]\r\n\"B\"=\"user\"\r\n\"a\"=\"machine\"\r\n\r\n[" +
                 name + "\\m]\r\n\r\n[" + name + "\\m\\deep]\r\n\r\n[" + name + "\\twice]\r\n\r\n[" +
                 name + "\\u]\r\n\r\n");

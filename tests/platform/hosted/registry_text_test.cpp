@@ -7,8 +7,8 @@
 #include <iterator>
 #include <string>
 
+#include "platform/exact_text.h"
 #include "platform/hosted/hosted_pc.h"
-#include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_store.h"
 #include "tests/support/temporary_folder.h"
 
@@ -119,7 +119,7 @@ TEST_F(RegistryText, ASavedRegistryIsByteForByteWhatTheEditorWrites) {
            "  29,2a\r\n"
            "\"unended\"=hex(1):41,00\r\n\"nul inside\"=hex(1):41,00,00,00,42,00,00,00\r\n"
            "\"e\"=hex(2):25,00,00,00\r\n\"m\"=hex(7):00,00\r\n\"n\"=dword:00000abc\r\n"
-           "\"short\"=hex(4):01\r\n\"none\"=hex(0):\r\n"
+           "\"odd\"=hex(7):41,00,42\r\n\"short\"=hex(4):01\r\n\"none\"=hex(0):\r\n"
            "\r\n[HKEY_LOCAL_MACHINE\\A\\b]\r\n\r\n[HKEY_LOCAL_MACHINE\\A\\C]\r\n"
            "\r\n[HKEY_USERS]\r\n\r\n[HKEY_USERS\\S-1-5-21]\r\n\r\n");
   Write(script);

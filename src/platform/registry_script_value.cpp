@@ -1,4 +1,4 @@
-#include "platform/hosted/registry_script_value.h"
+#include "platform/registry_script_value.h"
 
 #include <array>
 #include <charconv>
@@ -7,9 +7,10 @@
 #include <system_error>
 
 #include "platform/code_page.h"
-#include "platform/hosted/registry_names.h"
+#include "platform/exact_text.h"
+#include "platform/registry_rules.h"
 
-namespace tidemark::hosted {
+namespace tidemark {
 namespace {
 
 // -1 for what is no hexadecimal digit.
@@ -33,6 +34,7 @@ bool StopsPlainText(char character) {
 
 const ScriptValue& ScriptValueReader::Read() {
   value_.removes = false;
+  value_.odd_byte.reset();
   if (cursor_.Peek() == '@') {
     cursor_.Advance();
     value_.name.clear();
@@ -162,7 +164,7 @@ void ScriptValueReader::ReadBytes(DWORD type) {
   }
   if (comma && manner_ == ScriptManner::kStrict) throw ScriptFault{"bytes end in a comma"};
   EndLine();
-  if (type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ) DecodeData();
+  if (IsTextType(type)) DecodeData();
   value_.type = type;
 }
 
@@ -180,6 +182,7 @@ void ScriptValueReader::DecodeData() {
   if (eight_bit_) {
     value_.data = FromSystemCodePage(value_.data);
   } else {
+    if (value_.data.size() % 2 != 0) value_.odd_byte = value_.data.back();
     std::string text;
     AppendFromUtf16(value_.data, text);
     value_.data.swap(text);
@@ -196,4 +199,4 @@ void ScriptValueReader::EndLine() {
   cursor_.SkipLine();
 }
 
-}  // namespace tidemark::hosted
+}  // namespace tidemark

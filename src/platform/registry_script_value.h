@@ -1,18 +1,21 @@
 // The value lines of a registry script: a name, and the text, number or bytes that it is set to.
 #pragma once
 
+#include <optional>
 #include <string>
 
-#include "platform/hosted/registry_script_cursor.h"
+#include "platform/registry_script_cursor.h"
 #include "platform/winapi.h"
 
-namespace tidemark::hosted {
+namespace tidemark {
 
 struct ScriptValue {
   std::string name;
   bool removes = false;  // "name"=-; the type and the data then mean nothing
   DWORD type = 0;
-  std::string data;  // texts as UTF-8, with the NULs that end them
+  std::string data;  // texts as UTF-8 (exact_text.h), with the NULs that end them
+  // What is left over of a 16-bit text with an odd number of bytes.
+  std::optional<char> odd_byte = {};
 };
 
 class ScriptValueReader {
@@ -43,4 +46,4 @@ class ScriptValueReader {
   ScriptValue value_;
 };
 
-}  // namespace tidemark::hosted
+}  // namespace tidemark

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace tidemark::hosted {
+namespace tidemark {
 
 enum class ScriptManner { kStrict, kLenient };
 
@@ -57,4 +57,4 @@ class ScriptCursor {
   std::size_t position_ = 0;
 };
 
-}  // namespace tidemark::hosted
+}  // namespace tidemark
