@@ -1,6 +1,7 @@
 // The one header that stands for Windows. On Windows it is Windows' own headers; elsewhere it
 // declares, under the same names, exactly the calls that Tidemark makes, and platform/hosted/
-// implements them on a hosted PC. All text is 8-bit in the process's code page, which is UTF-8.
+// implements them on a hosted PC. Text is 8-bit in the process's code page, which is UTF-8; the few
+// 16-bit calls are for what has to come back with every bit of it.
 #pragma once
 
 #ifdef _WIN32
@@ -38,6 +39,9 @@ using REGSAM = DWORD;
 using HRESULT = LONG;
 using LPSTR = char*;
 using LPCSTR = const char*;
+using WCHAR = char16_t;
+using LPWSTR = WCHAR*;
+using LPCWSTR = const WCHAR*;
 using LPBYTE = BYTE*;
 using LPDWORD = DWORD*;
 using LPVOID = void*;
@@ -105,6 +109,7 @@ constexpr LONG ERROR_INVALID_PARAMETER = 87;
 constexpr LONG ERROR_DISK_FULL = 112;
 constexpr LONG ERROR_INVALID_NAME = 123;
 constexpr LONG ERROR_BAD_PATHNAME = 161;
+constexpr LONG ERROR_DIR_NOT_EMPTY = 145;
 constexpr LONG ERROR_ALREADY_EXISTS = 183;
 constexpr LONG ERROR_FILENAME_EXCED_RANGE = 206;
 constexpr LONG ERROR_MORE_DATA = 234;
@@ -171,6 +176,21 @@ LSTATUS RegQueryInfoKeyA(HKEY key, LPSTR class_text, LPDWORD class_size, LPDWORD
                          FILETIME* last_write);
 LSTATUS RegDeleteKeyA(HKEY key, LPCSTR sub_key);
 LSTATUS SHDeleteKeyA(HKEY key, LPCSTR sub_key);
+LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR sub_key, DWORD options, REGSAM access, PHKEY result);
+LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR sub_key, DWORD reserved, LPWSTR class_text, DWORD options,
+                        REGSAM access, const SECURITY_ATTRIBUTES* security, PHKEY result,
+                        LPDWORD disposition);
+LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data,
+                         LPDWORD size_bytes);
+LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data,
+                       DWORD size_bytes);
+LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name);
+LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR sub_key);
+// Sizes of names are in units, without the NUL when they come back.
+LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_size, LPDWORD reserved,
+                      LPWSTR class_text, LPDWORD class_size, FILETIME* last_write);
+LSTATUS RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_size, LPDWORD reserved,
+                      LPDWORD type, LPBYTE data, LPDWORD data_size);
 LSTATUS RegConnectRegistryA(LPCSTR machine, HKEY root, PHKEY result);
 
 // Files (fileapi.h).
@@ -182,6 +202,7 @@ constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
 constexpr DWORD FILE_ATTRIBUTE_ARCHIVE = 0x20;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 constexpr DWORD FILE_APPEND_DATA = 0x0004;
+constexpr DWORD FILE_WRITE_ATTRIBUTES = 0x0100;
 constexpr DWORD GENERIC_READ = 0x80000000;
 constexpr DWORD GENERIC_WRITE = 0x40000000;
 constexpr DWORD FILE_SHARE_READ = 1;
@@ -198,10 +219,15 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* 
 BOOL ReadFile(HANDLE file, LPVOID data, DWORD size_bytes, LPDWORD bytes_read, void* overlapped);
 BOOL WriteFile(HANDLE file, LPCVOID data, DWORD size_bytes, LPDWORD bytes_written,
                void* overlapped);
+// Returns when what was written, and the file's name, is on the disk.
+BOOL FlushFileBuffers(HANDLE file);
+BOOL SetFileTime(HANDLE file, const FILETIME* created, const FILETIME* accessed,
+                 const FILETIME* written);
 BOOL CloseHandle(HANDLE handle);
 BOOL DeleteFileA(LPCSTR path);
 BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
+BOOL RemoveDirectoryA(LPCSTR path);
 
 // File search (fileapi.h, shlwapi.h). A search pattern may have "*" and "?" in its last name.
 struct WIN32_FIND_DATAA {

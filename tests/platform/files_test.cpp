@@ -137,6 +137,28 @@ TEST(Files, DispositionsMakeReplaceAndAppend) {
             DWORD{ERROR_ALREADY_EXISTS});
 }
 
+TEST(Files, TimesAreSetAndAnEmptyFolderIsRemoved) {
+  TestPc pc;
+  const std::string folder = pc.folder() + "\\times";
+  const std::string file = folder + "\\file";
+  pc.MakeFile(file);
+  const FILETIME written{0x12345600, 0x01C70000};
+  {
+    const UniqueFile open = Open(file, GENERIC_WRITE, 0, OPEN_EXISTING);
+    EXPECT_NE(SetFileTime(open.Get(), nullptr, nullptr, &written), FALSE);
+    EXPECT_NE(FlushFileBuffers(open.Get()), FALSE);
+  }
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  GetFileAttributesExA(file.c_str(), GetFileExInfoStandard, &data);
+  EXPECT_EQ(data.ftLastWriteTime.dwLowDateTime, written.dwLowDateTime);
+  EXPECT_EQ(data.ftLastWriteTime.dwHighDateTime, written.dwHighDateTime);
+  const auto remove = [&folder] { return RemoveDirectoryA(folder.c_str()) != FALSE; };
+  EXPECT_EQ(ErrorOf(remove), DWORD{ERROR_DIR_NOT_EMPTY});
+  DeleteFileA(file.c_str());
+  EXPECT_EQ(ErrorOf(remove), 0U);
+  EXPECT_EQ(ErrorOf(remove), DWORD{ERROR_FILE_NOT_FOUND});
+}
+
 TEST(FileSystemObject, GivesTheErrorsThatScriptsKnow) {
   using Fso = FileSystemObject;
   TestPc pc;

@@ -83,6 +83,12 @@ BOOL WriteFile(HANDLE file, LPCVOID data, DWORD size_bytes, LPDWORD bytes_writte
   return Answer(status);
 }
 
+BOOL FlushFileBuffers(HANDLE file) { return Answer(Pc().files().Flush(file)); }
+
+BOOL SetFileTime(HANDLE file, const FILETIME*, const FILETIME* accessed, const FILETIME* written) {
+  return Answer(Pc().files().SetTimes(file, accessed, written));
+}
+
 BOOL CloseHandle(HANDLE handle) { return Answer(Pc().files().Close(handle)); }
 
 BOOL DeleteFileA(LPCSTR path) {
@@ -100,3 +106,5 @@ BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists) {
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
   return Answer(Pc().files().MakeFolder(Text(path)));
 }
+
+BOOL RemoveDirectoryA(LPCSTR path) { return Answer(Pc().files().RemoveFolder(Text(path))); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <sys/types.h>
+#include <time.h>
 
 #include <cstdint>
 
@@ -20,6 +21,9 @@ struct FileDetails {
 // Reads the times and the size; the attributes are left as they are. `path` is relative to the
 // host's folder. False when it is not there, or is neither file nor folder for the PC.
 bool ReadHostDetails(int folder, const char* path, mode_t& mode, FileDetails& details);
+
+// For the host's call that sets times; null is the time that it leaves as it is.
+timespec HostTimeOf(const FILETIME* time);
 
 // Fills in any of the platform's records that hold the same fields.
 template <class Record>

@@ -243,6 +243,18 @@ LONG FileStore::MakeFolder(std::string_view path) {
   return ERROR_SUCCESS;
 }
 
+LONG FileStore::RemoveFolder(std::string_view path) {
+  FolderCache::Place place;
+  if (const LONG status = Find(path, true, place)) return status;
+  if (!place.IsFolder()) return kErrorDirectory;
+  if (unlinkat(folders_.Root(), folders_.HostPath(place), AT_REMOVEDIR) != 0) {
+    return errno == ENOTEMPTY ? ERROR_DIR_NOT_EMPTY : StatusOfHostError(errno);
+  }
+  folders_.Removed(place);
+  attributes_.erase(path_.upper);
+  return ERROR_SUCCESS;
+}
+
 std::string FileStore::FullPath(std::string_view path) {
   PcPath full;
   return NormalisePath(path, current_folder_, full) == ERROR_SUCCESS ? full.text : std::string();

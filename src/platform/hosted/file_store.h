@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -39,6 +40,8 @@ class FileStore {
   LONG MoveIn(const std::filesystem::path& from, std::string_view path, DWORD attributes);
   LONG Copy(std::string_view from, std::string_view to, bool fail_if_exists);
   LONG MakeFolder(std::string_view path);
+  // An empty one.
+  LONG RemoveFolder(std::string_view path);
 
   struct OpenRequest {
     DWORD access = GENERIC_READ;
@@ -50,7 +53,14 @@ class FileStore {
   LONG Open(std::string_view path, const OpenRequest& request, HANDLE& file, bool& existed);
   LONG Read(HANDLE file, void* data, DWORD size_bytes, DWORD& bytes_read);
   LONG Write(HANDLE file, const void* data, DWORD size_bytes, DWORD& bytes_written);
+  // To the host's disk: what was written, and the name of a file that was made.
+  LONG Flush(HANDLE file);
+  // Null leaves a time as it is. The host keeps no time of making that can be set.
+  LONG SetTimes(HANDLE file, const FILETIME* accessed, const FILETIME* written);
   LONG Close(HANDLE file);
+  // Called, if set, before a flush, with the path of the file in capitals: tests pull the plug
+  // there.
+  std::function<void(const std::string& upper_path)> before_flush;
 
   // The whole of a file. Writing truncates or creates it.
   LONG ReadWhole(std::string_view path, std::string& bytes);
@@ -92,6 +102,7 @@ class FileStore {
     std::string upper;
     DWORD access = 0;
     DWORD share = 0;
+    std::string folder = {};  // of the host, when the file was made and its name is not on the disk
   };
 
   LONG Resolve(std::string_view path);

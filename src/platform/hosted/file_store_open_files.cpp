@@ -58,6 +58,10 @@ LONG FileStore::Open(std::string_view path, const OpenRequest& request, HANDLE& 
   opened->upper = path_.upper;
   opened->access = request.access;
   opened->share = request.share;
+  if (!existed) {
+    const std::string_view made = folders_.HostPath(place, name);
+    opened->folder = made.substr(0, made.find_last_of('/'));
+  }
   file = opened.get();
   open_files_.push_back(std::move(opened));
   return ERROR_SUCCESS;
@@ -99,6 +103,26 @@ LONG FileStore::Write(HANDLE file, const void* data, DWORD size_bytes, DWORD& by
   }
   if (bytes_left_) *bytes_left_ -= growth;
   return ERROR_SUCCESS;
+}
+
+LONG FileStore::Flush(HANDLE file) {
+  OpenFile* const opened = Lookup(file);
+  if (opened == nullptr) return ERROR_INVALID_HANDLE;
+  if ((opened->access & kWriting) == 0) return ERROR_ACCESS_DENIED;
+  if (before_flush) before_flush(opened->upper);
+  if (fsync(opened->host.get()) != 0) return StatusOfHostError(errno);
+  if (opened->folder.empty()) return ERROR_SUCCESS;
+  const HostFile folder(openat(folders_.Root(), opened->folder.c_str(), O_RDONLY | O_DIRECTORY));
+  if (!folder || fsync(folder.get()) != 0) return StatusOfHostError(errno);
+  opened->folder.clear();
+  return ERROR_SUCCESS;
+}
+
+LONG FileStore::SetTimes(HANDLE file, const FILETIME* accessed, const FILETIME* written) {
+  OpenFile* const opened = Lookup(file);
+  if (opened == nullptr) return ERROR_INVALID_HANDLE;
+  const timespec times[] = {HostTimeOf(accessed), HostTimeOf(written)};
+  return futimens(opened->host.get(), times) == 0 ? ERROR_SUCCESS : StatusOfHostError(errno);
 }
 
 LONG FileStore::Close(HANDLE file) {

@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::size_t kLongestPath = 260;  // in 16-bit units
 
-LONG CheckPath(HKEY key, std::string_view path) {
-  if (LongerThan(path, kLongestPath)) return ERROR_MORE_DATA;
+LONG CheckPath(HKEY key, std::string_view path, PathLimit limit) {
+  if (limit == PathLimit::kEightBit && LongerThan(path, kLongestPath)) return ERROR_MORE_DATA;
   if (path.starts_with('\\') && key != HKEY_CLASSES_ROOT) return ERROR_BAD_PATHNAME;
   if (path.size() <= kLongestKeyName) return ERROR_SUCCESS;
   for (std::string_view part = NextPart(path); !part.empty(); part = NextPart(path)) {
@@ -28,6 +28,14 @@ RegistryStore& CurrentRegistry() {
   return pc.registry();
 }
 
+std::string ExactText(LPCWSTR text) {
+  std::string exact;
+  if (text == nullptr) return exact;
+  const std::u16string_view units(text);
+  AppendFromUtf16({reinterpret_cast<const char*>(units.data()), 2 * units.size()}, exact);
+  return exact;
+}
+
 LONG Resolve(RegistryStore& store, HKEY key, REGSAM needed, OpenKey* open) {
   if (store.IsRoot(key)) {
     open->view = store.Root(key);
@@ -42,10 +50,11 @@ LONG Resolve(RegistryStore& store, HKEY key, REGSAM needed, OpenKey* open) {
 }
 
 // HKEY_DYN_DATA is a root in name only.
-LONG ResolveForOpen(RegistryStore& store, HKEY key, std::string_view path, OpenKey* open) {
+LONG ResolveForOpen(RegistryStore& store, HKEY key, std::string_view path, OpenKey* open,
+                    PathLimit limit) {
   if (key == HKEY_DYN_DATA) return ERROR_FILE_NOT_FOUND;
   const LONG status = Resolve(store, key, 0, open);
-  return status != ERROR_SUCCESS ? status : CheckPath(key, path);
+  return status != ERROR_SUCCESS ? status : CheckPath(key, path, limit);
 }
 
 }  // namespace tidemark::hosted

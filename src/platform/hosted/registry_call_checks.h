@@ -23,6 +23,9 @@ inline bool LongerThan(std::string_view text, std::size_t units) {
   return text.size() > units && Utf16Length(text) > units;
 }
 
+// 16-bit text that comes in, with every unit of it (exact_text.h); empty for null.
+std::string ExactText(LPCWSTR text);
+
 // Whether the path has no parts.
 inline bool NamesNoKey(std::string_view path) {
   return path.find_first_not_of('\\') == std::string_view::npos;
@@ -51,7 +54,11 @@ struct OpenKey {
 // ERROR_ACCESS_DENIED when the handle lacks one of the needed rights.
 LONG Resolve(RegistryStore& store, HKEY key, REGSAM needed, OpenKey* open);
 
+// The 8-bit calls take paths of 260 units at most.
+enum class PathLimit { kEightBit, kNone };
+
 // Of a call that takes a path below the key: checks the path too.
-LONG ResolveForOpen(RegistryStore& store, HKEY key, std::string_view path, OpenKey* open);
+LONG ResolveForOpen(RegistryStore& store, HKEY key, std::string_view path, OpenKey* open,
+                    PathLimit limit = PathLimit::kEightBit);
 
 }  // namespace tidemark::hosted

@@ -8,6 +8,7 @@
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_call_checks.h"
 #include "platform/hosted/registry_handles.h"
+#include "platform/hosted/registry_open.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/registry_rules.h"
 #include "platform/winapi.h"
@@ -18,45 +19,21 @@
 
 using tidemark::IsTextType;
 using tidemark::Utf16Length;
+using tidemark::hosted::CreateKeyAt;
 using tidemark::hosted::CurrentRegistry;
 using tidemark::hosted::HostedPc;
 using tidemark::hosted::IncomingText;
-using tidemark::hosted::NamesNoKey;
+using tidemark::hosted::kMaximumAllowed;
 using tidemark::hosted::OpenKey;
+using tidemark::hosted::OpenKeyAt;
+using tidemark::hosted::PathLimit;
 using tidemark::hosted::RegistryStore;
 using tidemark::hosted::RegistryValue;
 using tidemark::hosted::RegistryView;
 using tidemark::hosted::Resolve;
-using tidemark::hosted::ResolveForOpen;
 using tidemark::hosted::TextOrEmpty;
 
 namespace {
-
-constexpr REGSAM kMaximumAllowed = 0x02000000;
-constexpr REGSAM kGenericAll = 0x10000000;
-constexpr REGSAM kWriteRights = 0x20006;  // KEY_WRITE
-constexpr REGSAM kWow64Rights = 0x0300;   // which view of a 64-bit PC: there is only one here
-
-// The rights that an open gets; ERROR_ACCESS_DENIED when it does not get what it asks for.
-LONG Grant(const RegistryStore& store, const RegistryView& view, REGSAM wanted, REGSAM* granted) {
-  const REGSAM denied = store.Denied(view);
-  if ((wanted & kMaximumAllowed) != 0) {
-    *granted = KEY_ALL_ACCESS & ~denied;
-    return *granted != 0 ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
-  }
-  *granted = wanted & KEY_ALL_ACCESS;
-  if ((wanted & GENERIC_READ) != 0) *granted |= KEY_READ;
-  if ((wanted & GENERIC_WRITE) != 0) *granted |= kWriteRights;
-  if ((wanted & kGenericAll) != 0) *granted |= KEY_ALL_ACCESS;
-  return (*granted & denied) == 0 ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
-}
-
-LONG OpenView(RegistryStore& store, const RegistryView& view, REGSAM wanted, PHKEY result) {
-  REGSAM granted = 0;
-  const LONG status = Grant(store, view, wanted & ~kWow64Rights, &granted);
-  if (status == ERROR_SUCCESS) *result = store.handles().Open(view, granted);
-  return status;
-}
 
 DWORD LongestSubKey(RegistryStore& store, const RegistryView& view) {
   std::size_t longest = 0;
@@ -106,19 +83,8 @@ LSTATUS RegOpenKeyA(HKEY key, LPCSTR sub_key, PHKEY result) {
 }
 
 LSTATUS RegOpenKeyExA(HKEY key, LPCSTR sub_key, DWORD, REGSAM access, PHKEY result) {
-  if (result == nullptr) return ERROR_INVALID_PARAMETER;
-  *result = nullptr;
-  RegistryStore& store = CurrentRegistry();
-  const IncomingText path(TextOrEmpty(sub_key));
-  OpenKey from;
-  const LONG status = ResolveForOpen(store, key, path.text(), &from);
-  if (status != ERROR_SUCCESS) return status;
-  if (store.IsRoot(key) && NamesNoKey(path.text())) {
-    *result = key;
-    return ERROR_SUCCESS;
-  }
-  const RegistryView view = store.Open(from.view, path.text());
-  return view.exists() ? OpenView(store, view, access, result) : ERROR_FILE_NOT_FOUND;
+  return OpenKeyAt(key, IncomingText(TextOrEmpty(sub_key)).text(), PathLimit::kEightBit, access,
+                   result);
 }
 
 LSTATUS RegCreateKeyA(HKEY key, LPCSTR sub_key, PHKEY result) {
@@ -128,25 +94,8 @@ LSTATUS RegCreateKeyA(HKEY key, LPCSTR sub_key, PHKEY result) {
 
 LSTATUS RegCreateKeyExA(HKEY key, LPCSTR sub_key, DWORD, LPSTR, DWORD, REGSAM access,
                         const SECURITY_ATTRIBUTES*, PHKEY result, LPDWORD disposition) {
-  if (result == nullptr) return ERROR_INVALID_PARAMETER;
-  *result = nullptr;
-  RegistryStore& store = CurrentRegistry();
-  const IncomingText path(TextOrEmpty(sub_key));
-  OpenKey from;
-  LONG status = ResolveForOpen(store, key, path.text(), &from);
-  if (status != ERROR_SUCCESS) return status;
-  bool made = false;
-  if (store.IsRoot(key) && NamesNoKey(path.text())) {
-    *result = key;
-  } else {
-    const RegistryView view = store.Create(from.view, path.text(), &made);
-    if (!view.exists()) return ERROR_ACCESS_DENIED;
-    status = OpenView(store, view, access, result);
-  }
-  if (status == ERROR_SUCCESS && disposition != nullptr) {
-    *disposition = made ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
-  }
-  return status;
+  return CreateKeyAt(key, IncomingText(TextOrEmpty(sub_key)).text(), PathLimit::kEightBit, access,
+                     result, disposition);
 }
 
 LSTATUS RegCloseKey(HKEY key) {

@@ -6,9 +6,11 @@
 #include "platform/winapi.h"
 
 using tidemark::hosted::CurrentRegistry;
+using tidemark::hosted::ExactText;
 using tidemark::hosted::IncomingText;
 using tidemark::hosted::NamesNoKey;
 using tidemark::hosted::OpenKey;
+using tidemark::hosted::PathLimit;
 using tidemark::hosted::RegistryKey;
 using tidemark::hosted::RegistryStore;
 using tidemark::hosted::RegistryView;
@@ -43,6 +45,15 @@ LONG DeleteTree(RegistryStore& store, const RegistryView& view) {
   return DeleteEmptyKey(store, *view.target());
 }
 
+LONG DeleteKeyAt(HKEY key, std::string_view path, PathLimit limit) {
+  RegistryStore& store = CurrentRegistry();
+  OpenKey from;
+  const LONG status = ResolveForOpen(store, key, path, &from, limit);
+  if (status != ERROR_SUCCESS) return status;
+  const RegistryView view = store.Open(from.view, path);
+  return view.exists() ? DeleteEmptyKey(store, *view.target()) : ERROR_FILE_NOT_FOUND;
+}
+
 LONG DeleteContents(RegistryStore& store, const RegistryView& view) {
   DeleteSubKeys(store, view);
   RegistryKey* key = view.target();
@@ -56,13 +67,12 @@ LONG DeleteContents(RegistryStore& store, const RegistryView& view) {
 
 LSTATUS RegDeleteKeyA(HKEY key, LPCSTR sub_key) {
   if (sub_key == nullptr) return ERROR_INVALID_PARAMETER;
-  RegistryStore& store = CurrentRegistry();
-  const IncomingText path(sub_key);
-  OpenKey from;
-  const LONG status = ResolveForOpen(store, key, path.text(), &from);
-  if (status != ERROR_SUCCESS) return status;
-  const RegistryView view = store.Open(from.view, path.text());
-  return view.exists() ? DeleteEmptyKey(store, *view.target()) : ERROR_FILE_NOT_FOUND;
+  return DeleteKeyAt(key, IncomingText(sub_key).text(), PathLimit::kEightBit);
+}
+
+LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR sub_key) {
+  if (sub_key == nullptr) return ERROR_INVALID_PARAMETER;
+  return DeleteKeyAt(key, ExactText(sub_key), PathLimit::kNone);
 }
 
 LSTATUS SHDeleteKeyA(HKEY key, LPCSTR sub_key) {

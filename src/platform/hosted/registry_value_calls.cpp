@@ -13,6 +13,7 @@
 using tidemark::IsTextType;
 using tidemark::kLongestValueName;
 using tidemark::hosted::CurrentRegistry;
+using tidemark::hosted::ExactText;
 using tidemark::hosted::IncomingText;
 using tidemark::hosted::LongerThan;
 using tidemark::hosted::OpenKey;
@@ -45,6 +46,17 @@ LONG CopyData(const RegistryValue& value, LPDWORD type, LPBYTE data, LPDWORD siz
 // The platform looks one byte beyond the text that it is given, and takes a NUL that stands there.
 [[gnu::no_sanitize_address]] bool NulStandsBehind(const BYTE* data, DWORD size_bytes) {
   return size_bytes > 0 && data[size_bytes - 1] != 0 && data[size_bytes] == 0;
+}
+
+LONG DeleteValueOf(HKEY key, std::string_view name) {
+  RegistryStore& store = CurrentRegistry();
+  OpenKey open;
+  const LONG status = Resolve(store, key, KEY_SET_VALUE, &open);
+  if (status != ERROR_SUCCESS) return status;
+  for (RegistryKey* half : {open.view.top, open.view.under}) {
+    if (half != nullptr && store.DeleteValue(*half, name)) return ERROR_SUCCESS;
+  }
+  return ERROR_FILE_NOT_FOUND;
 }
 
 }  // namespace
@@ -87,16 +99,10 @@ LSTATUS RegSetValueExA(HKEY key, LPCSTR name, DWORD, DWORD type, const BYTE* dat
 }
 
 LSTATUS RegDeleteValueA(HKEY key, LPCSTR name) {
-  RegistryStore& store = CurrentRegistry();
-  OpenKey open;
-  const LONG status = Resolve(store, key, KEY_SET_VALUE, &open);
-  if (status != ERROR_SUCCESS) return status;
-  const IncomingText wanted(TextOrEmpty(name));
-  for (RegistryKey* half : {open.view.top, open.view.under}) {
-    if (half != nullptr && store.DeleteValue(*half, wanted.text())) return ERROR_SUCCESS;
-  }
-  return ERROR_FILE_NOT_FOUND;
+  return DeleteValueOf(key, IncomingText(TextOrEmpty(name)).text());
 }
+
+LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name) { return DeleteValueOf(key, ExactText(name)); }
 
 LSTATUS RegEnumValueA(HKEY key, DWORD index, LPSTR name, LPDWORD name_size, LPDWORD reserved,
                       LPDWORD type, LPBYTE data, LPDWORD data_size) {
