@@ -25,8 +25,10 @@ std::string BackupFile(const frmMain& window, std::string_view row_text) {
 void ShowBox(frmMain& window, std::string_view caption, const std::string& message,
              bool is_question) {
   window.MessBoxAnswer = "EMPTY";
+  ++window.MessBoxesShown;
   window.MakeMessBox();
   frmMessBox& box = *window.mess_box;
+  box.form.SetQuestion(is_question);
   box.form.SetCaption(std::string(caption));
   for (CommandButton* button : {&box.cmdNo, &box.cmdYes, &box.cmdOK}) {
     const bool offered = is_question == (button != &box.cmdOK);
@@ -42,10 +44,15 @@ void Tell(frmMain& window, std::string_view caption, const std::string& message)
 }
 
 // The box is not modal, so the wait is a loop of yields, and all else goes on in it. On purpose.
+// A notice or a question that has taken its place leaves it without an answer of its own: that
+// counts as no.
 bool Ask(frmMain& window, std::string_view caption, const std::string& message) {
   ShowBox(window, caption, message, /*is_question=*/true);
-  while (window.MessBoxAnswer == "EMPTY") window.front_end.WaitForEvents();
-  return window.MessBoxAnswer != "NO";
+  const auto stands = [&window, shown = window.MessBoxesShown] {
+    return window.MessBoxesShown == shown;
+  };
+  while (stands() && window.MessBoxAnswer == "EMPTY") window.front_end.WaitForEvents();
+  return stands() && window.MessBoxAnswer != "NO";
 }
 
 }  // namespace

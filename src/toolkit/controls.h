@@ -147,6 +147,10 @@ class Form : public Control {
 
   FormFrame Frame() const { return frame_; }
   void SetFrame(FormFrame frame) { frame_ = frame; }
+  // A question has to be answered: its frame has no close button, and a button's access key presses
+  // it without Alt.
+  bool IsQuestion() const { return is_question_; }
+  void SetQuestion(bool is_question) { is_question_ = is_question; }
   // The picture that fills the form behind its controls; empty for none.
   const std::string& PictureFile() const { return picture_file_; }
   void SetPictureFile(std::string file) { picture_file_ = std::move(file); }
@@ -173,6 +177,7 @@ class Form : public Control {
   FormFrame frame_ = FormFrame::kWindow;
   int scale_mode_ = 1;
   bool topmost_ = false;
+  bool is_question_ = false;
 };
 
 }  // namespace tidemark

@@ -94,8 +94,8 @@ frmMessBox::frmMessBox(const std::string& program_folder) {
   cmdNo.SetPlace({2745, 2025, 1350, 390});
   cmdOK.SetCaption("&OK");
   cmdOK.SetPlace({4725, 2025, 1350, 390});
-  // A question has to be answered: Esc closes a notice alone.
-  cmdYes.SetDefault(true);
+  // A question is not answered with yes by an Enter too many, and Esc closes a notice alone.
+  cmdNo.SetDefault(true);
   cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
 }

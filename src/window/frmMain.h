@@ -209,6 +209,7 @@ struct frmMain {
   std::unique_ptr<frmHelp> help;
   std::unique_ptr<frmMessBox> mess_box;
   std::string MessBoxAnswer;
+  unsigned MessBoxesShown = 0;  // notices and questions
 
   // Procedures that a lower floor calls and a higher one brings.
   Event<> SetInitValues;

@@ -140,6 +140,37 @@ TEST(Backups, ARestoredFileIsImportedAndUsedUp) {
   EXPECT_EQ(on.Get("v"), "old");
 }
 
+TEST(Backups, AnAnswerIsToTheQuestionThatIsSeen) {
+  BackupPc on;
+  on.Plant("a.reg");
+  on.Plant("b.reg");
+  on.Set("v", "new");
+  // While the one question is up another row is removed, or a backup is made.
+  bool is_question = false;
+  on.front_end.When([&] { return on.window.mess_box != nullptr; },
+                    [&] {
+                      is_question = on.window.mess_box->form.IsQuestion();
+                      on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(2));
+                      on.front_end.When([&] { return true; },
+                                        [&] { on.window.mess_box->cmdYes.Click(); });
+                      on.window.cmdRemove.Click();
+                    });
+  on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
+  on.window.cmdRestore.Click();
+  EXPECT_TRUE(is_question);
+  EXPECT_EQ(on.Names(), std::vector<std::string>{"a.reg"});
+  EXPECT_EQ(on.Box(), "no box") << "nothing was restored";
+
+  on.front_end.When([&] { return on.window.mess_box != nullptr; },
+                    [&] { on.window.cmdBakupReg.Click(); });
+  on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
+  on.window.cmdRemove.Click();
+  EXPECT_FALSE(on.window.mess_box->form.IsQuestion());
+  EXPECT_TRUE(on.pc.FileExists(on.File("a.reg")));
+  Sleep(500);
+  EXPECT_EQ(on.Get("v"), "new");
+}
+
 TEST(Backups, TheWholeRegistryIsWhatItWas) {
   BackupPc on;
   if (!on.pc.CanFault()) GTEST_SKIP() << "the real registry is not ours to write back";

@@ -6,6 +6,8 @@
 
 #include "desktop/terminal/command_words.h"
 #include "desktop/terminal/list_commands.h"
+#include "toolkit/access_key.h"
+#include "toolkit/covering.h"
 #include "toolkit/text_box.h"
 
 namespace tidemark {
@@ -82,8 +84,9 @@ CommandResult Restore(Arguments, const Context& context) {
 }
 
 CommandResult Close(Arguments, const Context& context) {
-  const bool dialog = context.desk.Dialog() != nullptr;
-  return {.next = dialog ? Next::kCloseDialog : Next::kCloseMain, .output = {}};
+  const Form* dialog = context.desk.Dialog();
+  if (dialog != nullptr && dialog->IsQuestion()) Refuse("the question has to be answered");
+  return {.next = dialog != nullptr ? Next::kCloseDialog : Next::kCloseMain, .output = {}};
 }
 
 CommandResult Quit(Arguments, const Context&) { return {.next = Next::kCloseMain, .output = {}}; }
@@ -132,11 +135,27 @@ CommandResult Help(Arguments arguments, const Context&) {
   return {.next = Next::kOutput, .output = text};
 }
 
+// The button of a question in front that the line names by its access key or its caption.
+CommandButton* AnswerIn(const Form* dialog, std::string_view line) {
+  if (dialog == nullptr || !dialog->IsQuestion()) return nullptr;
+  for (Control* control : dialog->Controls()) {
+    auto* button = dynamic_cast<CommandButton*>(control);
+    if (button == nullptr || !CanBeReached(*button)) continue;
+    const ShownCaption caption = ShowCaption(button->Caption().View());
+    if (IsSameWord(line, caption.Key()) || IsSameWord(line, caption.text)) return button;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 CommandResult RunCommand(std::string_view line, Desk& desk, std::string_view list_separator) {
   Arguments arguments(line);
   if (arguments.IsEmpty() || arguments.Rest().front() == '#') return {};
+  if (CommandButton* answer = AnswerIn(desk.Dialog(), arguments.Rest())) {
+    answer->Click();
+    return {};
+  }
   const std::string_view name = arguments.Next();
   for (const Command& command : kCommands) {
     if (IsSameWord(name, command.name)) {

@@ -118,7 +118,6 @@ void TerminalFrontEnd::LetTimePass(std::uint32_t milliseconds) {
 }
 
 bool TerminalFrontEnd::AwaitsAnswer() const {
-  if (running_command_ == unanswered_command_) return true;
   const Form* dialog = desk_.Dialog();
   return dialog != nullptr && desk_.forms.back().command == running_command_ && dialog->Visible() &&
          HasButton(*dialog);
@@ -184,12 +183,8 @@ void TerminalFrontEnd::Follow(const CommandResult& result) {
   }
 }
 
-// Closing a question is no answer to it: who asked waits on, and a person acts on.
 void TerminalFrontEnd::CloseDialog() {
-  Form* dialog = desk_.Dialog();
-  if (dialog == nullptr) return;
-  unanswered_command_ = desk_.forms.back().command;
-  Unload(*dialog);
+  if (Form* dialog = desk_.Dialog()) Unload(*dialog);
 }
 
 void TerminalFrontEnd::CloseMain() {

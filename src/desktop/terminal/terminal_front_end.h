@@ -92,8 +92,7 @@ class TerminalFrontEnd : public FrontEnd {
   bool busy_pointer_ = false;
 
   long last_command_ = 0;
-  long running_command_ = 0;      // 0: the program's entry
-  long unanswered_command_ = -1;  // its dialog was closed without an answer; it may wait for ever
+  long running_command_ = 0;  // 0: the program's entry
 
   DueTimers timers_;
   ULONGLONG next_timer_look_ = 0;

@@ -70,7 +70,9 @@ char FormKeyboard::AccessKeyOf(std::string_view text) {
 }
 
 bool FormKeyboard::Takes(const MSG& message) {
-  if (message.message == WM_SYSCHAR) return OnAccessKey(message.wParam);
+  if (message.message == WM_SYSCHAR || (message.message == WM_CHAR && form_.IsQuestion())) {
+    return OnAccessKey(message.wParam);
+  }
   if (message.message != WM_KEYDOWN) return false;
   // Held down it would press the button that takes the place of the first one.
   if (message.wParam == VK_RETURN && (message.lParam & kRepeated) != 0) return true;

@@ -12,8 +12,8 @@ namespace tidemark {
 
 class FormKeyboard {
  public:
-  FormKeyboard(const FormPeers& peers, Resources& resources)
-      : peers_(peers), resources_(resources) {}
+  FormKeyboard(const Form& form, const FormPeers& peers, Resources& resources)
+      : form_(form), peers_(peers), resources_(resources) {}
 
   // Takes a message out of the queue's stream when it is the form's: true, and it is done with. A
   // handler runs as its last act.
@@ -41,6 +41,7 @@ class FormKeyboard {
   // The person works with the keyboard.
   void MoveFocusTo(const Peer& peer) const;
 
+  const Form& form_;
   const FormPeers& peers_;
   Resources& resources_;
   const Control* last_panel_ = nullptr;  // the container of the control that had the focus last

@@ -31,7 +31,9 @@ constexpr std::array kFrameStyles = {
 };
 
 FrameStyle StyleOf(const Form& form) {
-  return kFrameStyles.at(static_cast<std::size_t>(form.Frame()));
+  FrameStyle style = kFrameStyles.at(static_cast<std::size_t>(form.Frame()));
+  if (form.IsQuestion()) style.style &= ~DWORD{WS_SYSMENU};
+  return style;
 }
 
 HICON ProgramIcon(int width_metric, int height_metric) {
@@ -93,7 +95,7 @@ SIZE FormWindow::OuterSize() const {
 void FormWindow::MakePeers() {
   if (window_ == nullptr || peers_) return;
   peers_ = std::make_unique<FormPeers>(form_, resources_, window_);
-  keyboard_ = std::make_unique<FormKeyboard>(*peers_, resources_);
+  keyboard_ = std::make_unique<FormKeyboard>(form_, *peers_, resources_);
 }
 
 HWND FormWindow::WindowOf(const Control& control) const {
@@ -120,12 +122,24 @@ void FormWindow::Refresh() {
     SetWindowPos(window_, topmost_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   }
+  RefreshFrame();
   const bool is_seen = form_.Visible() && form_.State() == WindowState::kNormal;
   if (GetActiveWindow() == window_) keyboard_->NoteFocus();
   if (is_seen) peers_->Refresh();
   RefreshState();
   RefreshProgress();
   if (is_seen && GetActiveWindow() == window_) keyboard_->KeepFocus();
+}
+
+// A box that is shown may turn from a notice into a question.
+void FormWindow::RefreshFrame() {
+  constexpr LONG_PTR kSystemMenu = WS_SYSMENU;
+  const LONG_PTR style = GetWindowLongPtrA(window_, GWL_STYLE);
+  const LONG_PTR wanted = (style & ~kSystemMenu) | (LONG_PTR{StyleOf(form_).style} & kSystemMenu);
+  if (style == wanted) return;
+  SetWindowLongPtrA(window_, GWL_STYLE, wanted);
+  SetWindowPos(window_, nullptr, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
 void FormWindow::RefreshState() {
@@ -187,7 +201,7 @@ LRESULT FormWindow::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM l
 std::optional<LRESULT> FormWindow::OnFormMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_CLOSE:
-      host_.OnClose(form_);
+      if (!form_.IsQuestion()) host_.OnClose(form_);  // Alt+F4 asks no frame
       return 0;
     case WM_ENDSESSION:
       if (wparam != FALSE) host_.OnClose(form_);

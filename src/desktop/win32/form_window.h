@@ -65,6 +65,7 @@ class FormWindow {
   void PaintBackground(HDC context);
   void Place(HWND owner);
   SIZE OuterSize() const;
+  void RefreshFrame();
   void RefreshState();
   void RefreshProgress();
   void Forget();

@@ -102,10 +102,16 @@ TEST_F(TerminalTest, AScriptsCommandsWaitForTheEndOfTheWork) {
 
 TEST_F(TerminalTest, AQuestionInTheMiddleOfTheWorkIsAnswered) {
   window.cmdFix.Clicked.Bind([this] { AskWithBox("Really?"); });
-  EXPECT_EQ(Run({"# a comment", "", "CLICK cmdfix", "click cmdOK", "click cmdNo"}), 1);
-  EXPECT_THAT(console.written, HasSubstr("[ cmdYes Yes ]  [ cmdNo No ]"));
-  EXPECT_THAT(console.errors, HasSubstr("cmdOK is not shown"));
-  EXPECT_THAT(console.written, HasSubstr("answered"));
+  for (const char* answer : {"click cmdNo", "N", "no"}) {
+    console.written = console.errors = "";
+    window.lblFound.SetCaption("");
+    EXPECT_EQ(Run({"# a comment", "", "CLICK cmdfix", "click cmdOK", "close", "OK", answer}), 1);
+    EXPECT_THAT(console.written, HasSubstr("[ cmdYes Yes ]  [ cmdNo No ]"));
+    EXPECT_EQ(console.errors,
+              "tidemark: cmdOK is not shown\ntidemark: the question has to be answered\n"
+              "tidemark: there is no command OK; \"help\" lists them\n");
+    EXPECT_THAT(console.written, HasSubstr("answered")) << answer;
+  }
 }
 
 TEST_F(TerminalTest, CloseTakesTheDialogFirst) {

@@ -76,6 +76,7 @@ class TerminalTest : public testing::Test {
   void AskWithBox(const char* question) {
     window.mess_box = std::make_unique<frmMessBox>("C:\\Program");
     window.mess_box->lblMessage.SetCaption(question);
+    window.mess_box->form.SetQuestion(true);
     window.mess_box->cmdOK.SetVisible(false);
     window.mess_box->cmdNo.Clicked.Bind([this] { front_end.Unload(window.mess_box->form); });
     window.mess_box->form.Unload.Bind([this] { window.mess_box.reset(); });

@@ -3,11 +3,13 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "desktop/win32/form_peers.h"
 #include "desktop/win32/win32_front_end.h"
 #include "toolkit/list_view.h"
 #include "toolkit/timer.h"
+#include "window/dialogs.h"
 
 namespace tidemark {
 namespace {
@@ -89,6 +91,36 @@ TEST(Win32FrontEnd, AFormIsLoadedOnceAndAgainAfterItsFrameHasClosedIt) {
   front_end.Show(box.form);
   EXPECT_EQ(loaded, 2);
   EXPECT_NE(ButtonWindow(front_end, box.form, "&First"), nullptr);
+}
+
+TEST(Win32FrontEnd, AQuestionIsClosedByAnAnswerAlone) {
+  Win32FrontEnd front_end(".");
+  frmMessBox box(".");
+  std::string pressed;
+  for (CommandButton* button : {&box.cmdYes, &box.cmdNo, &box.cmdOK}) {
+    button->Clicked.Bind([&pressed, button] { pressed += button->Caption().View(); });
+  }
+  const auto has_close_button = [&] {
+    front_end.Show(box.form);
+    return (GetWindowLongA(front_end.WindowHandle(box.form), GWL_STYLE) & WS_SYSMENU) != 0;
+  };
+  EXPECT_TRUE(has_close_button()) << "a notice has";
+  box.form.SetQuestion(true);
+  box.cmdOK.SetVisible(false);
+  EXPECT_FALSE(has_close_button());
+  const HWND window = front_end.WindowHandle(box.form);
+  PostMessageA(window, WM_CLOSE, 0, 0);
+  for (const auto& [message, key] : {std::pair{WM_KEYDOWN, VK_ESCAPE},
+                                     {WM_CHAR, 'x'},
+                                     {WM_CHAR, 'y'},
+                                     {WM_CHAR, 'N'},
+                                     {WM_KEYDOWN, VK_RETURN}}) {
+    PostMessageA(window, static_cast<UINT>(message), static_cast<WPARAM>(key), 1);
+  }
+  const ULONGLONG end = GetTickCount64() + 300;
+  while (GetTickCount64() < end) front_end.DoEvents();
+  EXPECT_EQ(front_end.WindowHandle(box.form), window);
+  EXPECT_EQ(pressed, "&Yes&No&No") << "and Esc pressed none";
 }
 
 TEST(Win32FrontEnd, WhoeverWaitsDoesNothingUntilSomethingHappens) {
