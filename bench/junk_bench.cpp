@@ -9,7 +9,7 @@
 
 #include "generated_pc.h"
 #include "junk/junk.h"
-#include "platform/unique_handle.h"
+#include "platform/folder_search.h"
 #include "shell/wiring.h"
 #include "toolkit/script_front_end.h"
 
@@ -32,11 +32,7 @@ void BM_BareSearches(benchmark::State& state) {
     for (int pattern = 1; pattern <= window.lvFileTypes.Count(); ++pattern) {
       const std::string name = window.lvFileTypes.Item(pattern)->Caption().String();
       for (const std::string& folder : folders) {
-        WIN32_FIND_DATAA found{};
-        const UniqueSearch search(FindFirstFileA((folder + name).c_str(), &found));
-        for (bool more{search}; more; more = FindNextFileA(search.Get(), &found) != FALSE) {
-          ++found_files;
-        }
+        for (FolderSearch found(folder + name); found; found.Next()) ++found_files;
       }
     }
   }

@@ -8,6 +8,7 @@
 
 #include "helpers/modShortcut.h"
 #include "helpers/system_helpers.h"
+#include "platform/folder_search.h"
 #include "platform/unique_handle.h"
 #include "shell/wiring.h"
 #include "shortcuts/shortcuts.h"
@@ -62,19 +63,16 @@ ShortcutPc& Pc() {
 
 struct BareWalk {
   void Walk(const std::string& folder) {
-    WIN32_FIND_DATAA found{};
-    const UniqueSearch search(FindFirstFileA((folder + "*").c_str(), &found));
-    if (!search) return;
-    do {
-      const std::string name(&found.cFileName[0]);
+    for (FolderSearch found(folder + "*"); found; found.Next()) {
+      const std::string& name = found->name;
       if (name == "." || name == "..") continue;
-      if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+      if ((found->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         Walk(folder + name + "\\");
       } else {
         ++files;
         if (name.ends_with(".lnk")) ReadLink(folder + name);
       }
-    } while (FindNextFileA(search.Get(), &found) != FALSE);
+    }
   }
   void ReadLink(const std::string& path) {
     std::array<char, 4096> bytes;

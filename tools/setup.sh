@@ -5,6 +5,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 native_packages=(cmake ninja-build g++)
 windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 fonts-wine)
+windows_test_packages=(locales)
 installer_packages=(nsis)
 display_packages=(xvfb imagemagick)
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev googletest xz-utils)

@@ -5,8 +5,8 @@
 #include "helpers/text_helpers.h"
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
+#include "platform/folder_search.h"
 #include "platform/letter_case.h"
-#include "platform/unique_handle.h"
 #include "window/run.h"
 
 namespace tidemark {
@@ -70,11 +70,11 @@ bool HasProtectedExtension(const std::string& name) {
 }
 
 // The search gives candidates; the match decides.
-void ScanEntry(frmMain& window, const std::string& folder, const WIN32_FIND_DATAA& found,
+void ScanEntry(frmMain& window, const std::string& folder, const FolderSearch::Entry& found,
                const std::string& pattern) {
-  const std::string name(&found.cFileName[0]);
+  const std::string& name = found.name;
   if (name == "." || name == "..") return;
-  if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+  if ((found.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
   if (PathMatchSpecA(name.c_str(), pattern.c_str()) == FALSE) return;
   // Other systems can leave such names behind. As a path they mean the file without the blanks.
   if (name.ends_with(' ')) return;
@@ -82,13 +82,14 @@ void ScanEntry(frmMain& window, const std::string& folder, const WIN32_FIND_DATA
 }
 
 // Hands over what the search finds; it has found the first one. False when the scan is to stop.
-bool ScanFound(frmMain& window, const std::string& folder, const UniqueSearch& search,
-               WIN32_FIND_DATAA& found, const std::string& pattern) {
+bool ScanFound(frmMain& window, const std::string& folder, FolderSearch& found,
+               const std::string& pattern) {
   while (true) {
-    ScanEntry(window, folder, found, pattern);
+    ScanEntry(window, folder, *found, pattern);
     window.front_end.DoEvents();
     if (window.StopRequested) return false;
-    if (FindNextFileA(search.Get(), &found) == FALSE) return true;
+    found.Next();
+    if (!found) return true;
     window.front_end.DoEvents();
   }
 }
@@ -153,11 +154,11 @@ void ScanFolder(frmMain& window, const std::string& folder) {
 
 void FilesScan(frmMain& window, const std::string& folder, const std::string& patterns) {
   for (const std::string& pattern : Split(patterns, ';')) {
-    WIN32_FIND_DATAA found{};
-    UniqueSearch search(FindFirstFileA((AddBackslash(folder) + pattern).c_str(), &found));
-    if (!search) continue;
-    if (!ScanFound(window, folder, search, found, pattern)) return;
-    search.Reset();
+    {
+      FolderSearch found(AddBackslash(folder) + pattern);
+      if (!found) continue;
+      if (!ScanFound(window, folder, found, pattern)) return;
+    }
     window.front_end.DoEvents();
     if (window.StopRequested) return;
   }

@@ -4,7 +4,7 @@
 #include "platform/file_system_object.h"
 #include "platform/file_times.h"
 #include "platform/file_type_text.h"
-#include "platform/unique_handle.h"
+#include "platform/folder_search.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
@@ -94,20 +94,14 @@ Error FileSystemObject::GetFolder(const std::string& path, Folder& result) const
   Folder folder;
   folder.path_ = path;
   while (folder.path_.size() > kRootSize && folder.path_.ends_with('\\')) folder.path_.pop_back();
-  WIN32_FIND_DATAA found{};
-  const UniqueSearch search(FindFirstFileA(folder.PathOf("*").c_str(), &found));
-  if (!search) {
-    // An empty root holds not even ".".
-    if (GetLastError() != ERROR_FILE_NOT_FOUND) return kPermissionDenied;
-    result = std::move(folder);
-    return kNone;
+  FolderSearch found(folder.PathOf("*"));
+  // An empty root holds not even ".".
+  if (!found && GetLastError() != ERROR_FILE_NOT_FOUND) return kPermissionDenied;
+  for (; found; found.Next()) {
+    if (found->name == "." || found->name == "..") continue;
+    const bool is_folder = (found->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    (is_folder ? folder.sub_folders_ : folder.files_).push_back(found->name);
   }
-  do {
-    std::string name(&found.cFileName[0]);
-    if (name == "." || name == "..") continue;
-    const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    (is_folder ? folder.sub_folders_ : folder.files_).push_back(std::move(name));
-  } while (FindNextFileA(search.Get(), &found) != FALSE);
   result = std::move(folder);
   return kNone;
 }

@@ -45,13 +45,6 @@ struct FileHandlePolicy {
 };
 using UniqueFile = UniqueHandle<FileHandlePolicy>;
 
-struct SearchPolicy {
-  using Handle = HANDLE;
-  static Handle Invalid() { return INVALID_HANDLE_VALUE; }
-  static void Close(Handle handle) { FindClose(handle); }
-};
-using UniqueSearch = UniqueHandle<SearchPolicy>;
-
 struct KeyPolicy {
   using Handle = HKEY;
   static Handle Invalid() { return nullptr; }

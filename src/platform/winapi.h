@@ -229,22 +229,7 @@ BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL RemoveDirectoryA(LPCSTR path);
 
-// File search (fileapi.h, shlwapi.h). A search pattern may have "*" and "?" in its last name.
-struct WIN32_FIND_DATAA {
-  DWORD dwFileAttributes;
-  FILETIME ftCreationTime;
-  FILETIME ftLastAccessTime;
-  FILETIME ftLastWriteTime;
-  DWORD nFileSizeHigh;
-  DWORD nFileSizeLow;
-  DWORD dwReserved0;
-  DWORD dwReserved1;
-  char cFileName[MAX_PATH];     // NOLINT(modernize-avoid-c-arrays): the platform's record
-  char cAlternateFileName[14];  // NOLINT(modernize-avoid-c-arrays)
-};
-HANDLE FindFirstFileA(LPCSTR pattern, WIN32_FIND_DATAA* found);
-BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found);
-BOOL FindClose(HANDLE search);
+// Whether a name fits one of several patterns with ";" between them (shlwapi.h).
 BOOL PathMatchSpecA(LPCSTR name, LPCSTR pattern);
 
 struct WIN32_FILE_ATTRIBUTE_DATA {

@@ -6,8 +6,8 @@
 #include "helpers/modShortcut.h"
 #include "helpers/system_helpers.h"
 #include "platform/file_system_object.h"
+#include "platform/folder_search.h"
 #include "platform/letter_case.h"
-#include "platform/unique_handle.h"
 #include "window/findings.h"
 #include "window/run.h"
 
@@ -56,28 +56,24 @@ void ShortCuts(frmMain& window) {
 
 void ScanShortCut(frmMain& window, std::string& folder) {
   folder = AddBackslash(folder);
-  WIN32_FIND_DATAA found{};
-  const UniqueSearch search(FindFirstFileA((folder + "*.*").c_str(), &found));
+  FolderSearch found(folder + "*.*");
   // The first status has a blank behind its colon, the later ones have none. On purpose.
   UpdStatus(window, "Scaning Folder: " + folder, "");
   if (window.pbarScan.Value() == window.pbarScan.Max()) window.pbarScan.SetValue(0);
-  if (!search) return;
-  do {
-    const std::string name(&found.cFileName[0]);
-    if (name != "." && name != "..") {
-      if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-        ScanSubFolder(window, folder, name);
+  while (found) {
+    if (found->name != "." && found->name != "..") {
+      if ((found->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        ScanSubFolder(window, folder, found->name);
       } else {
-        ScanFile(window, folder, name);
+        ScanFile(window, folder, found->name);
       }
     }
-    const bool more = FindNextFileA(search.Get(), &found) != FALSE;
+    found.Next();
     window.front_end.DoEvents();
     if (MustEnd(window)) return;
     // The bar wraps round and tells nothing of the real progress. On purpose.
     if (IsFull(window.pbarScan)) window.pbarScan.SetValue(0);
-    if (!more) return;
-  } while (true);
+  }
 }
 
 void CheckShortCut(frmMain& window, const std::string& link_file) {

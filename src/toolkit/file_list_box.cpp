@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/file_system_object.h"
+#include "platform/folder_search.h"
 #include "platform/letter_case.h"
-#include "platform/unique_handle.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
@@ -13,17 +13,14 @@ namespace {
 std::vector<std::string> FilesOf(const std::string& folder, const std::string& pattern) {
   const std::string all = folder + (folder.ends_with('\\') ? "*" : "\\*");
   std::vector<std::string> names;
-  WIN32_FIND_DATAA found{};
-  const UniqueSearch search(FindFirstFileA(all.c_str(), &found));
-  if (!search) return names;
-  do {
+  for (FolderSearch found(all); found; found.Next()) {
     constexpr DWORD kNotListed =
         FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-    if ((found.dwFileAttributes & kNotListed) == 0 &&
-        PathMatchSpecA(&found.cFileName[0], pattern.c_str()) != FALSE) {
-      names.emplace_back(&found.cFileName[0]);
+    if ((found->attributes & kNotListed) == 0 &&
+        PathMatchSpecA(found->name.c_str(), pattern.c_str()) != FALSE) {
+      names.push_back(found->name);
     }
-  } while (FindNextFileA(search.Get(), &found) != FALSE);
+  }
   std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
     return CompareIgnoringCase(left, right) < 0;
   });

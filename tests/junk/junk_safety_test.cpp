@@ -9,6 +9,7 @@
 
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
+#include "platform/folder_search.h"
 #include "platform/unique_handle.h"
 #include "tests/support/window_pc.h"
 
@@ -19,19 +20,20 @@ namespace {
 using Files = std::map<std::string, std::array<DWORD, 4>>;
 
 void CollectFiles(const std::string& folder, Files& files) {
-  WIN32_FIND_DATAA found{};
-  const UniqueSearch search(FindFirstFileA((folder + "\\*").c_str(), &found));
-  ASSERT_TRUE(search) << folder;
-  do {
-    const std::string name(&found.cFileName[0]);
-    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-      const FILETIME& time = found.ftLastWriteTime;
-      files[folder + '\\' + name] = {found.dwFileAttributes, found.nFileSizeLow,
-                                     time.dwHighDateTime, time.dwLowDateTime};
-    } else if (name != "." && name != "..") {
-      CollectFiles(folder + '\\' + name, files);
+  FolderSearch found(folder + "\\*");
+  ASSERT_TRUE(found) << folder;
+  for (; found; found.Next()) {
+    const std::string path = folder + '\\' + found->name;
+    if ((found->attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+      WIN32_FILE_ATTRIBUTE_DATA details{};
+      GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &details);
+      const FILETIME& time = details.ftLastWriteTime;
+      files[path] = {details.dwFileAttributes, details.nFileSizeLow, time.dwHighDateTime,
+                     time.dwLowDateTime};
+    } else if (found->name != "." && found->name != "..") {
+      CollectFiles(path, files);
     }
-  } while (FindNextFileA(search.Get(), &found) != FALSE);
+  }
 }
 
 class JunkyPc : public WindowPc {

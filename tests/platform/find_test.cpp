@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/unique_handle.h"
+#include "platform/folder_search.h"
 #include "platform/winapi.h"
 #include "tests/support/test_pc.h"
 
@@ -13,13 +13,10 @@ namespace {
 
 // The names that a search gives, in its order; of a search that does not start, its last error.
 std::vector<std::string> Found(const std::string& pattern) {
-  WIN32_FIND_DATAA found{};
-  const UniqueSearch search(FindFirstFileA(pattern.c_str(), &found));
-  if (!search) return {"error " + std::to_string(GetLastError())};
+  FolderSearch found(pattern);
+  if (!found) return {"error " + std::to_string(GetLastError())};
   std::vector<std::string> names;
-  do {
-    names.emplace_back(&found.cFileName[0]);
-  } while (FindNextFileA(search.Get(), &found) != FALSE);
+  for (; found; found.Next()) names.push_back(found->name);
   EXPECT_EQ(GetLastError(), DWORD{ERROR_NO_MORE_FILES}) << pattern;
   return names;
 }

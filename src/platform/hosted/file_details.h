@@ -25,9 +25,8 @@ bool ReadHostDetails(int folder, const char* path, mode_t& mode, FileDetails& de
 // For the host's call that sets times; null is the time that it leaves as it is.
 timespec HostTimeOf(const FILETIME* time);
 
-// Fills in any of the platform's records that hold the same fields.
-template <class Record>
-void CopyDetails(const FileDetails& details, Record& record) {
+// Fills in the platform's record.
+inline void CopyDetails(const FileDetails& details, WIN32_FILE_ATTRIBUTE_DATA& record) {
   record.dwFileAttributes = details.attributes;
   record.ftCreationTime = details.created;
   record.ftLastAccessTime = details.accessed;

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "platform/hosted/clock.h"
-#include "platform/hosted/file_search.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/pc_parts.h"
 #include "platform/hosted/pc_settings.h"
@@ -34,7 +33,6 @@ HostedPc::HostedPc(const std::filesystem::path& folder)
       settings_(std::make_unique<PcSettings>(parts_->settings->Read(*registry_))),
       clock_(std::make_unique<Clock>()),
       files_(std::make_unique<FileStore>(folder_, *settings_)),
-      searches_(std::make_unique<FileSearches>(*files_)),
       recycle_bin_(parts_->make_recycle_bin(*files_)),
       editor_(std::make_unique<RegistryEditor>()) {
   if (current_pc != nullptr) throw std::logic_error("another hosted PC is switched on");

@@ -16,7 +16,6 @@
 namespace tidemark::hosted {
 
 class Clock;
-class FileSearches;
 class FileStore;
 struct PcParts;
 struct PcSettings;
@@ -59,7 +58,6 @@ class HostedPc {
   PcSettings& settings() { return *settings_; }
   Clock& clock() { return *clock_; }
   FileStore& files() { return *files_; }
-  FileSearches& searches() { return *searches_; }
   RecycleBin& recycle_bin() { return *recycle_bin_; }
   RegistryStore& registry() { return *registry_; }
   RegistryEditor& editor() { return *editor_; }
@@ -75,7 +73,6 @@ class HostedPc {
   std::unique_ptr<PcSettings> settings_;
   std::unique_ptr<Clock> clock_;
   std::unique_ptr<FileStore> files_;
-  std::unique_ptr<FileSearches> searches_;
   std::unique_ptr<RecycleBin> recycle_bin_;
   std::unique_ptr<RegistryEditor> editor_;
 };

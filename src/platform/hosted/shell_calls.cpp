@@ -5,6 +5,7 @@
 
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/name_pattern.h"
 #include "platform/letter_case.h"
 #include "platform/winapi.h"
 
@@ -53,6 +54,11 @@ const std::vector<ShellRequest>& OpenedByShell() { return opened; }
 void ForgetOpenedByShell() { opened.clear(); }
 
 }  // namespace tidemark::hosted
+
+BOOL PathMatchSpecA(LPCSTR name, LPCSTR pattern) {
+  if (name == nullptr || pattern == nullptr) return FALSE;
+  return tidemark::hosted::FitsPatternList(name, pattern) ? TRUE : FALSE;
+}
 
 HINSTANCE ShellExecuteA(HWND, LPCSTR verb, LPCSTR file, LPCSTR parameters, LPCSTR folder,
                         int show) {

@@ -1,4 +1,8 @@
-#include "platform/hosted/file_search.h"
+// The search in the hosted PC's folders. It takes the names of its folder once, when it starts, and
+// looks at each file when its turn comes. Names come in the order of their capitals, "." and ".." of
+// a folder below a root before all others. What the host holds but no path of the PC can name is
+// passed over.
+#include "platform/folder_search.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -6,21 +10,28 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/exact_text.h"
+#include "platform/exact_text.h"
 #include "platform/hosted/file_details.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/host_file.h"
+#include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/name_pattern.h"
 #include "platform/hosted/pc_path.h"
+#include "platform/hosted/registry_editor.h"
 #include "platform/letter_case.h"
 
-namespace tidemark::hosted {
+namespace tidemark {
 namespace {
+
+using hosted::FileDetails;
+using hosted::FileStore;
+using hosted::HostedPc;
+using hosted::SearchPattern;
 
 struct Name {
   std::string upper;
@@ -44,11 +55,10 @@ bool ComesBefore(const Name& left, const Name& right) {
 }
 
 bool CanBeListed(const dirent& entry) {
-  constexpr std::size_t kMost = sizeof(WIN32_FIND_DATAA::cFileName) - 1;
   const std::string_view name = entry.d_name;
   const bool kind_fits =
       entry.d_type == DT_REG || entry.d_type == DT_DIR || entry.d_type == DT_UNKNOWN;
-  return kind_fits && name != "." && name != ".." && name.size() <= kMost && IsPcName(name);
+  return kind_fits && name != "." && name != ".." && hosted::IsPcName(name);
 }
 
 std::string WithoutWildCards(std::string_view pattern) {
@@ -75,18 +85,25 @@ LONG ReadNames(int folder, const SearchPattern& pattern, std::vector<Name>& name
   return ERROR_SUCCESS;
 }
 
+// With what the registry editor has written by now.
+FileStore& Files() {
+  HostedPc& pc = HostedPc::Current();
+  pc.editor().CatchUp();
+  return pc.files();
+}
+
 }  // namespace
 
-struct FileSearches::Search {
+struct FolderSearch::Search {
+  LONG Open(std::string_view pattern);
+  bool Advance(Entry& entry);
+
   FileStore::OpenFolder folder;
   std::vector<Name> names;
   std::size_t next = 0;
 };
 
-FileSearches::FileSearches(FileStore& files) : files_(files) {}
-FileSearches::~FileSearches() = default;
-
-LONG FileSearches::Open(std::string_view pattern, Search& search) {
+LONG FolderSearch::Search::Open(std::string_view pattern) {
   constexpr std::size_t kRootSize = 3;
   if (pattern.size() > MAX_PATH && Utf16Length(pattern) > MAX_PATH) {
     return ERROR_FILENAME_EXCED_RANGE;
@@ -94,60 +111,50 @@ LONG FileSearches::Open(std::string_view pattern, Search& search) {
   if (pattern.ends_with('\\') || pattern.ends_with('/')) return ERROR_FILE_NOT_FOUND;
   const auto cut = pattern.find_last_of("\\/:");
   const std::string_view last = pattern.substr(cut == std::string_view::npos ? 0 : cut + 1);
-  if (!HasWildCards(last)) {
+  if (!hosted::HasWildCards(last)) {
     Name name;
-    const LONG status = files_.OpenFolderOf(pattern, search.folder, name.name);
+    const LONG status = Files().OpenFolderOf(pattern, folder, name.name);
     name.upper = UpperCase(name.name);
-    search.names.push_back(std::move(name));
+    names.push_back(std::move(name));
     return status;
   }
-  if (!IsPcName(WithoutWildCards(last))) return ERROR_INVALID_NAME;
-  const std::string_view folder = pattern.substr(0, pattern.size() - last.size());
-  if (const LONG status = files_.OpenFolderAt(folder.empty() ? "." : folder, search.folder)) {
-    return status;
-  }
+  if (!hosted::IsPcName(WithoutWildCards(last))) return ERROR_INVALID_NAME;
+  const std::string_view place = pattern.substr(0, pattern.size() - last.size());
+  if (const LONG status = Files().OpenFolderAt(place.empty() ? "." : place, folder)) return status;
   const SearchPattern wanted(last);
-  if (const LONG status = ReadNames(search.folder.host.get(), wanted, search.names)) return status;
-  if (search.folder.upper.size() > kRootSize) {
+  if (const LONG status = ReadNames(folder.host.get(), wanted, names)) return status;
+  if (folder.upper.size() > kRootSize) {
     for (const char* const dots : {"..", "."}) {
-      if (wanted.Matches(dots)) search.names.insert(search.names.begin(), {dots, dots});
+      if (wanted.Matches(dots)) names.insert(names.begin(), {dots, dots});
     }
   }
-  return search.names.empty() ? ERROR_FILE_NOT_FOUND : ERROR_SUCCESS;
-}
-
-LONG FileSearches::Advance(Search& search, WIN32_FIND_DATAA& found) {
-  while (search.next < search.names.size()) {
-    const Name& name = search.names[search.next++];
-    FileDetails details;
-    mode_t mode = 0;
-    // Deleted since, or nothing that is there for the PC.
-    if (!ReadHostDetails(search.folder.host.get(), name.name.c_str(), mode, details)) continue;
-    details.attributes = files_.AttributesIn(search.folder, name.upper, mode);
-    found = WIN32_FIND_DATAA{};
-    CopyDetails(details, found);
-    std::memcpy(&found.cFileName[0], name.name.c_str(), name.name.size() + 1);
-    return ERROR_SUCCESS;
-  }
-  return ERROR_NO_MORE_FILES;
-}
-
-LONG FileSearches::Start(std::string_view pattern, HANDLE& search, WIN32_FIND_DATAA& found) {
-  auto started = std::make_unique<Search>();
-  if (const LONG status = Open(pattern, *started)) return status;
-  if (Advance(*started, found) != ERROR_SUCCESS) return ERROR_FILE_NOT_FOUND;
-  search = reinterpret_cast<HANDLE>(++last_handle_);  // NOLINT(performance-no-int-to-ptr)
-  open_.emplace(search, std::move(started));
   return ERROR_SUCCESS;
 }
 
-LONG FileSearches::Next(HANDLE search, WIN32_FIND_DATAA& found) {
-  const auto known = open_.find(search);
-  return known == open_.end() ? ERROR_INVALID_HANDLE : Advance(*known->second, found);
+bool FolderSearch::Search::Advance(Entry& entry) {
+  while (next < names.size()) {
+    const Name& name = names[next++];
+    FileDetails details;
+    mode_t mode = 0;
+    // Deleted since, or nothing that is there for the PC.
+    if (!ReadHostDetails(folder.host.get(), name.name.c_str(), mode, details)) continue;
+    entry = {name.name, Files().AttributesIn(folder, name.upper, mode)};
+    return true;
+  }
+  return false;
 }
 
-LONG FileSearches::Close(HANDLE search) {
-  return open_.erase(search) == 0 ? ERROR_INVALID_HANDLE : ERROR_SUCCESS;
+FolderSearch::FolderSearch(const std::string& pattern) : search_(std::make_unique<Search>()) {
+  const LONG status = search_->Open(pattern);
+  found_ = status == ERROR_SUCCESS && search_->Advance(entry_);
+  if (!found_) SetLastError(status != ERROR_SUCCESS ? status : ERROR_FILE_NOT_FOUND);
 }
 
-}  // namespace tidemark::hosted
+FolderSearch::~FolderSearch() = default;
+
+void FolderSearch::Next() {
+  found_ = search_->Advance(entry_);
+  if (!found_) SetLastError(ERROR_NO_MORE_FILES);
+}
+
+}  // namespace tidemark
