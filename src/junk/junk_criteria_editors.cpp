@@ -36,7 +36,10 @@ void Store(const Editor& editor) {
 }
 
 void ShowRow(const Editor& editor, int number) {
-  if (ListItem* row = editor.list.Item(number)) editor.list.EnsureVisible(row);
+  if (ListItem* row = editor.list.Item(number)) {
+    editor.list.Select(row);
+    editor.list.EnsureVisible(row);
+  }
 }
 
 void AddRow(const Editor& editor, const Texts& answers) {
@@ -131,8 +134,17 @@ std::string PickFolder(frmMain& window, const std::string& start) {
   return window.FolderPicker.Text().String();
 }
 
+// In the stored texts it would be two folders.
+bool CanNotBeStored(const frmMain& window, const std::string& folder) {
+  if (folder.find(';') == std::string::npos) return false;
+  window.front_end.ShowMessage("A path with \";\" in it can't be kept in this list.",
+                               window.application.title, MessageIcon::kCritical);
+  return true;
+}
+
 void AddExcludeFolder(const Editor& editor) {
   const std::string folder = PickFolder(editor.window, "");
+  if (CanNotBeStored(editor.window, folder)) return;
   AddRow(editor,
          {folder, editor.window.front_end.InputBox("Enter the short description for the folder",
                                                    editor.window.application.title, "")});
@@ -143,6 +155,7 @@ void EditExcludeFolder(const Editor& editor) {
   if (row == nullptr) return;
   const Texts old = {row->Caption().String(), row->SubItem(1).String()};
   const std::string folder = PickFolder(editor.window, old.entry);
+  if (CanNotBeStored(editor.window, folder)) return;
   const std::string description = editor.window.front_end.InputBox(
       "Extension you wish to modify", "Description modification", old.description);
   ChangeRow(editor, {folder, description},

@@ -99,7 +99,14 @@ TEST(JunkCriteria, ExcludedFoldersArePickedAndDescribed) {
   on.front_end.AnswerInput("mine");
   EditExcludeFolders(on.window, 0);
   EXPECT_EQ(Stored("ExcludeFolder"), "C:\\Keep");
-  on.window.lvExcludeFolders.UserSelect(*on.window.lvExcludeFolders.Item(1));
+  EXPECT_EQ(on.window.lvExcludeFolders.SelectedItem(), on.window.lvExcludeFolders.Item(1));
+  for (const int edit : {0, 1}) {
+    on.front_end.AnswerFolder("C:\\Keep; and more");
+    EditExcludeFolders(on.window, edit);
+    EXPECT_EQ(on.front_end.messages().back(),
+              "Tidemark: A path with \";\" in it can't be kept in this list.");
+  }
+  EXPECT_EQ(Stored("ExcludeFolder"), "C:\\Keep");
   on.front_end.AnswerInput("still mine");
   on.front_end.AnswerYesNo(true);
   EditExcludeFolders(on.window, 1);
