@@ -63,7 +63,9 @@ void ShowDrivesList(frmMain& window) {
     const Shown shown = Classify(drive, image);
     if (!shown.shown) continue;
     const bool network = drive.DriveType() == Drive::kRemote;
-    const std::string place = network ? drive.ShareName() : drive.DriveLetter();
+    std::string place = network ? drive.ShareName() : std::string();
+    // Some drives of the network have no share, such as those that a program brings.
+    if (place.empty()) place = drive.DriveLetter();
     if (TreeNode* node = tree.Add(drive.DriveLetter(), shown.text + " (" + place + ":)", image)) {
       TickStored(*node);
     }

@@ -88,6 +88,7 @@ TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
   WindowPc on;
   on.pc.SetDrive('D', "cdrom label=Disc");
   on.pc.SetDrive('N', "network share=\\\\server\\docs");
+  on.pc.SetDrive('O', "network");
   Store("Drives", "C;Q;");
   ShowDrivesList(on.window);
   std::map<std::string, TreeNode*> nodes;
@@ -101,7 +102,8 @@ TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
   on.window.tvDrives.UserCheck(*nodes["C"], false);
   EXPECT_EQ(Stored("Drives"), "");
   if (!TestPc::CanFault()) return;
-  ASSERT_EQ(nodes.size(), 2U) << "no optical drive";
+  ASSERT_EQ(nodes.size(), 3U) << "no optical drive";
+  EXPECT_EQ(nodes["O"]->Caption(), "Network (O:)");
   EXPECT_EQ(nodes["N"]->Caption(), "Network (\\\\server\\docs:)");
 }
 
