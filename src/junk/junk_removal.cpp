@@ -112,6 +112,7 @@ void recycledelete(const std::string& path) {
   operation.fFlags =
       FOF_ALLOWUNDO | FOF_WANTMAPPINGHANDLE | FOF_NOCONFIRMATION | FOF_SILENT | FOF_MULTIDESTFILES;
   SHFileOperationA(&operation);
+  if (operation.hNameMappings != nullptr) SHFreeNameMappings(operation.hNameMappings);
 }
 
 }  // namespace tidemark

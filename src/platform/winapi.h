@@ -276,6 +276,8 @@ struct SHFILEOPSTRUCTA {
   LPCSTR lpszProgressTitle;
 };
 int SHFileOperationA(SHFILEOPSTRUCTA* operation);
+// What FOF_WANTMAPPINGHANDLE gives; null does nothing.
+void SHFreeNameMappings(HANDLE mappings);
 
 // Profile files (winbase.h). A bare file name lies in the Windows folder.
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR default_text, LPSTR text,

@@ -20,7 +20,9 @@ int Delete(const std::string& paths, WORD flags = kRecycle) {
   operation.wFunc = FO_DELETE;
   operation.pFrom = from.c_str();
   operation.fFlags = flags;
-  return SHFileOperationA(&operation);
+  const int answer = SHFileOperationA(&operation);
+  SHFreeNameMappings(operation.hNameMappings);
+  return answer;
 }
 
 TEST(RecycleBin, TakesFilesAndSaysWhyNot) {

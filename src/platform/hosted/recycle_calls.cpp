@@ -1,5 +1,8 @@
 // SHFileOperationA, as far as Tidemark asks it: deleting files, into the recycle bin or for good.
+#include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/hosted/clock.h"
 #include "platform/hosted/file_store.h"
@@ -11,6 +14,9 @@
 namespace {
 
 using tidemark::hosted::HostedPc;
+
+// The former paths of what lies in the bin under another name now.
+using NameMappings = std::vector<std::string>;
 
 // What the call answers beside the platform's statuses (Windows documentation, SHFileOperation).
 constexpr int kAccessDeniedSource = 0x78;
@@ -61,10 +67,18 @@ int SHFileOperationA(SHFILEOPSTRUCTA* operation) {
   operation->fAnyOperationsAborted = FALSE;
   operation->hNameMappings = nullptr;
   const bool allow_undo = (operation->fFlags & FOF_ALLOWUNDO) != 0;
+  auto mappings = std::make_unique<NameMappings>();
   for (const char* next = operation->pFrom; *next != '\0';) {
     const std::string_view path = next;
     next += path.size() + 1;
     if (const LONG status = DeleteOne(pc, path, allow_undo)) return AnswerOf(status);
+    mappings->emplace_back(path);
   }
+  const bool mappings_wanted = (operation->fFlags & FOF_WANTMAPPINGHANDLE) != 0;
+  if (allow_undo && mappings_wanted) operation->hNameMappings = mappings.release();
   return ERROR_SUCCESS;
+}
+
+void SHFreeNameMappings(HANDLE mappings) {
+  const std::unique_ptr<NameMappings> owner(static_cast<NameMappings*>(mappings));
 }
