@@ -48,6 +48,7 @@ void IdentifyFiles1(frmMain& window, const std::string& path) {
   SetDate(*row, kModified, file.DateLastModified());
   row->SetSubItem(kLetters, AttributeLetters(*attributes));
   row->SetChecked(true);
+  window.lvJunkFiles.PutInOrder(row);
   window.front_end.DoEvents();
 }
 

@@ -48,13 +48,24 @@ ListItem* ListView::Add(Text key, Text caption) {
   ListItem& row = rows_.emplace_back();
   row.key_ = std::move(key);
   row.texts_[0] = std::move(caption);
+  Insert(&row);
+  return &row;
+}
+
+void ListView::Insert(ListItem* row) {
   const auto before = [this](const ListItem* left, const ListItem* right) {
     return Before(*left, *right);
   };
   const auto place =
-      sorted_ ? std::upper_bound(order_.begin(), order_.end(), &row, before) : order_.end();
-  order_.insert(place, &row);
-  return &row;
+      sorted_ ? std::upper_bound(order_.begin(), order_.end(), row, before) : order_.end();
+  order_.insert(place, row);
+}
+
+void ListView::PutInOrder(ListItem* row) {
+  const auto place = sorted_ ? std::find(order_.begin(), order_.end(), row) : order_.end();
+  if (place == order_.end()) return;
+  order_.erase(place);
+  Insert(row);
 }
 
 // In the index the row stays behind as one whose key nobody can ask for.

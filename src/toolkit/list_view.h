@@ -107,6 +107,8 @@ class ListView : public Control {
   bool Sorted() const { return sorted_; }
   void SortBy(int sort_key, SortOrder order);
   void SetSorted(bool sorted);
+  // Takes a row to where it belongs after its texts have changed; does nothing while it is off.
+  void PutInOrder(ListItem* row);
   // As a click on a column's heading (from 1) is answered: ascending first, then in turns; the
   // column's tag, "A" or "D", remembers. Another column does nothing.
   void SortInTurns(int column);
@@ -134,6 +136,7 @@ class ListView : public Control {
   void GrowIndex();
   bool Before(const ListItem& left, const ListItem& right) const;
   void SortRows();
+  void Insert(ListItem* row);
 
   std::deque<ListItem> rows_;     // in the order they were added
   std::vector<ListItem*> order_;  // as they stand in the list

@@ -28,7 +28,7 @@ class JunkPc : public WindowPc {
   // Paths below the root.
   Lines Found() {
     Lines found;
-    for (const std::string& row : Rows(window.lvJunkFiles, {0})) {
+    for (const std::string& row : WindowPc::Rows(window.lvJunkFiles, {0})) {
       found.push_back(row.substr(root.size() + 1));
     }
     std::sort(found.begin(), found.end());
@@ -56,6 +56,14 @@ TEST(JunkScan, AFileHasARowForEachPatternThatItMatches) {
   on.window.SelectedFileTypes.clear();
   on.Scan();
   EXPECT_EQ(on.Found(), Lines{}) << "no pattern is ticked";
+}
+
+TEST(JunkScan, ASortedListIsFilledInItsOrder) {
+  JunkPc on;
+  for (const char* name : {"111", "3", "22"}) on.pc.MakeFile(on.root + '\\' + name + ".tmp", name);
+  on.window.lvJunkFiles.UserColumnClick(2);
+  on.Scan();
+  EXPECT_EQ(WindowPc::Rows(on.window.lvJunkFiles, {1}), (Lines{"1", "2", "3"})) << "bytes";
 }
 
 TEST(JunkScan, StopsAtTheNextTestAndKeepsWhatWasFound) {
