@@ -29,6 +29,9 @@ void SaveDrives(frmMain& window, TreeView& tree);
 
 // The whole scan of the ticked drives: returns when it has ended or was stopped.
 void ScanJunkFiles(frmMain& window);
+// Places the panel of the results and brings it to the front; the smaller one of a running scan,
+// with its stop button, over it.
+void ShowJunkScan(frmMain& window);
 void ScanDriveForFiles(frmMain& window, const std::string& root);
 void ScanFolder(frmMain& window, const std::string& folder);
 void FilesScan(frmMain& window, const std::string& folder, const std::string& patterns);
@@ -36,6 +39,8 @@ void FilesScan(frmMain& window, const std::string& folder, const std::string& pa
 void IdentifyFiles1(frmMain& window, const std::string& file);
 // Whether any entry of the exclude list, ticked or not, occurs in the path.
 void InExcludeFolder(const frmMain& window, const std::string& path, bool& answer);
+// Whether the path is the recycle bin of a drive, or lies in it. The scan does not go there.
+bool IsOfRecycleBin(const std::string& path);
 bool IsProtectedFile(DWORD attributes);
 // "H", "L", "R", "A", "S" for the attributes that are set, in this order.
 std::string AttributeLetters(DWORD attributes);
@@ -44,6 +49,10 @@ void cmdJunkStop_Click(frmMain& window);
 // The result list.
 void lvJunkFiles_ColumnClick(frmMain& window, int column);
 void lvJunkFiles_DblClick(frmMain& window);
+// Rows of one path are one file: the others are ticked or cleared with this one.
+void lvJunkFiles_ItemCheck(frmMain& window, const ListItem& row);
+// The same for rows that came into the list ticked after their twin had been cleared.
+void ClearTwinsOfClearedRows(frmMain& window);
 // 0 tick all, 1 clear all, 2 invert, 3 remove the ticked rows, 4 remove all rows, 5 leave the page;
 // any other index does nothing.
 void cmdJunkFile_Click(frmMain& window, int index);
@@ -51,7 +60,8 @@ void cmdJunkFile_Click(frmMain& window, int index);
 void ProcedureDel(std::string& path);
 void recycledelete(const std::string& path);
 
-// The page that holds the criteria and starts the scan.
+// Opens the page that holds the criteria and starts the scan; while a scan runs, or its rows are
+// listed, the panel of that scan.
 void cmdCleanJunk_Click(frmMain& window);
 void cmdJunkScan_Click(frmMain& window);
 

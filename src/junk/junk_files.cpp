@@ -2,6 +2,8 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 
 #include "helpers/system_helpers.h"
 #include "junk/junk.h"
@@ -62,6 +64,25 @@ std::string AttributeLetters(DWORD attributes) {
     if ((attributes & one.attribute) != 0) letters += one.letter;
   }
   return letters;
+}
+
+void lvJunkFiles_ItemCheck(frmMain& window, const ListItem& row) {
+  for (int index = 1; index <= window.lvJunkFiles.Count(); ++index) {
+    ListItem& other = *window.lvJunkFiles.Item(index);
+    if (other.Caption() == row.Caption()) other.SetChecked(row.Checked());
+  }
+}
+
+void ClearTwinsOfClearedRows(frmMain& window) {
+  std::unordered_set<std::string_view> cleared;
+  for (int index = 1; index <= window.lvJunkFiles.Count(); ++index) {
+    const ListItem& row = *window.lvJunkFiles.Item(index);
+    if (!row.Checked()) cleared.insert(row.Caption().View());
+  }
+  for (int index = 1; index <= window.lvJunkFiles.Count() && !cleared.empty(); ++index) {
+    ListItem& row = *window.lvJunkFiles.Item(index);
+    if (cleared.contains(row.Caption().View())) row.SetChecked(false);
+  }
 }
 
 void lvJunkFiles_ColumnClick(frmMain& window, int column) {

@@ -9,7 +9,9 @@ void cmdCleanJunk_Click(frmMain& window) {
   HideAllFrames(window);
   window.picJunkCriteria.SetVisible(true);
   window.picJunkCriteria.BringToFront();
-  ShowDrivesList(window);
+  if (window.JunkScanRunning || window.lvJunkFiles.Count() > 0) ShowJunkScan(window);
+  // The running scan walks the list of drives.
+  if (!window.JunkScanRunning) ShowDrivesList(window);
 }
 
 void cmdJunkScan_Click(frmMain& window) {

@@ -6,7 +6,6 @@
 
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
-#include "platform/letter_case.h"
 #include "window/run.h"
 
 namespace tidemark {
@@ -66,12 +65,6 @@ void Leave(frmMain& window) {
 // bin, never a deletion for good.
 std::optional<int> RecycleOption() { return std::nullopt; }
 
-// Whether the path lies in a drive's recycle bin. What is sent to the bin from there is deleted for
-// good; the shipped folders that are left alone name the bin of older systems only.
-bool LiesInRecycleBin(const std::string& path) {
-  return UpperCase(path).find(":\\$RECYCLE.BIN\\") == 1;
-}
-
 }  // namespace
 
 void cmdJunkFile_Click(frmMain& window, int index) {
@@ -97,7 +90,8 @@ void ProcedureDel(std::string& path) {
   FileSystemObject::File file;
   const bool found = FileSystemObject().GetFile(path, file) == FileSystemObject::kNone;
   if (RecycleOption().value_or(1) == 1) {
-    if (found && !LiesInRecycleBin(file.Path())) recycledelete(file.Path());
+    // What is sent to the bin from the bin is deleted for good.
+    if (found && !IsOfRecycleBin(file.Path())) recycledelete(file.Path());
   } else if (found) {
     file.Delete(/*force=*/true);
   }

@@ -23,7 +23,7 @@ std::string TickedPatterns(const ListView& types) {
 }
 
 // Over the page that started it, below the height of a tab strip.
-void PlaceResultPanel(frmMain& window) {
+void ShowResultPanel(frmMain& window) {
   const Bounds& frame = window.picOptions.Place();
   const int strip = window.picopttoolback.Place().height;
   const Bounds& page = window.picWelcome.Place();
@@ -32,8 +32,6 @@ void PlaceResultPanel(frmMain& window) {
   window.picJunkScan.SetBorderStyle(0);
   window.picJunkScan.SetVisible(true);
   window.picJunkScan.BringToFront();
-  window.picScaningJunk.SetVisible(true);
-  window.picScaningJunk.BringToFront();
 }
 
 void ShowActions(frmMain& window, bool visible) {
@@ -69,6 +67,9 @@ bool HasProtectedExtension(const std::string& name) {
          kProtected.find(LowerCase(std::string_view(name).substr(dot))) != std::string_view::npos;
 }
 
+// Other systems can leave such names behind. As a path they mean what has the name without them.
+bool MeansANamesake(const std::string& name) { return name.ends_with(' ') || name.ends_with('.'); }
+
 // The search gives candidates; the match decides.
 void ScanEntry(frmMain& window, const std::string& folder, const FolderSearch::Entry& found,
                const std::string& pattern) {
@@ -76,8 +77,7 @@ void ScanEntry(frmMain& window, const std::string& folder, const FolderSearch::E
   if (name == "." || name == "..") return;
   if ((found.attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
   if (PathMatchSpecA(name.c_str(), pattern.c_str()) == FALSE) return;
-  // Other systems can leave such names behind. As a path they mean the file without the blanks.
-  if (name.ends_with(' ')) return;
+  if (MeansANamesake(name)) return;
   if (!HasProtectedExtension(name)) IdentifyFiles1(window, AddBackslash(folder) + name);
 }
 
@@ -98,10 +98,11 @@ bool ScanFound(frmMain& window, const std::string& folder, FolderSearch& found,
 
 void ScanJunkFiles(frmMain& window) {
   const Run run(window);
+  window.JunkScanRunning = true;
   window.SelectedFileTypes = TickedPatterns(window.lvFileTypes);
   window.lvJunkFiles.Clear();
   window.front_end.DoEvents();
-  PlaceResultPanel(window);
+  ShowJunkScan(window);
   ShowActions(window, false);
   window.StopRequested = false;
   window.Animation2.SetPlaying(true);
@@ -114,8 +115,17 @@ void ScanJunkFiles(frmMain& window) {
   window.lblJunkStatus.SetCaption("Scanning complete: Total " +
                                   std::to_string(window.lvJunkFiles.Count()) +
                                   " Junk Files Founds");
+  ClearTwinsOfClearedRows(window);
+  window.JunkScanRunning = false;
   window.picScaningJunk.SetVisible(false);
   ShowActions(window, true);
+}
+
+void ShowJunkScan(frmMain& window) {
+  ShowResultPanel(window);
+  if (!window.JunkScanRunning) return;
+  window.picScaningJunk.SetVisible(true);
+  window.picScaningJunk.BringToFront();
 }
 
 // The root's files; the walk that follows meets them once more, and so each is listed twice. On
@@ -143,6 +153,7 @@ void ScanFolder(frmMain& window, const std::string& folder) {
     window.front_end.DoEvents();
     if (window.StopRequested) return;
     const std::string sub_folder = listing.PathOf(name);
+    if (MeansANamesake(name) || IsOfRecycleBin(sub_folder)) continue;
     // Here the colon has a blank on both sides, above it has none. On purpose.
     window.lblJunkStatus.SetCaption("Scanning Folder : " + sub_folder);
     // What is asked for each is whether this folder, the parent, is excluded.
@@ -171,6 +182,11 @@ void InExcludeFolder(const frmMain& window, const std::string& path, bool& answe
     const std::string folder = UpperCase(window.lvExcludeFolders.Item(index)->Caption().View());
     answer = upper.find(folder) != std::string::npos;
   }
+}
+
+// The folders that are shipped as left alone name the bin of older systems only.
+bool IsOfRecycleBin(const std::string& path) {
+  return (UpperCase(path) + '\\').find(":\\$RECYCLE.BIN\\") == 1;
 }
 
 void cmdJunkStop_Click(frmMain& window) {

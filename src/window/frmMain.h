@@ -161,10 +161,11 @@ struct frmMain {
 
   PictureBox picAbout{&form, "picAbout"};  // nothing shows it
 
-  // State of a scan or a repair.
+  // State of a scan, a repair or a junk scan.
   bool ScanRunning = false;
   bool StopRequested = false;  // polled after each yield; the only way to end a running loop
-  int RunsUnderWay = 0;        // on top of each other, each at a yield of the one below
+  bool JunkScanRunning = false;
+  int RunsUnderWay = 0;  // on top of each other, each at a yield of the one below
   unsigned ScansBegun = 0;
   unsigned ScanOfRun = 0;  // the number of the scan whose findings the uppermost run is about
   int CurrentTab = 0;

@@ -182,6 +182,8 @@ TEST(JunkSafety, WhatLiesInTheRecycleBinStaysThere) {
   JunkyPc on;
   const std::string file = "C:\\$Recycle.Bin\\S-1-5\\$R0.tmp";
   on.pc.MakeFile(file);
+  ScanFolder(on.window, "C:\\");
+  EXPECT_EQ(on.window.lvJunkFiles.Count(), 0) << "what was cleaned is no junk again";
   on.window.lvJunkFiles.Add({}, file);
   cmdJunkFile_Click(on.window, 4);
   EXPECT_EQ(on.window.lvJunkFiles.Count(), 0);

@@ -14,6 +14,16 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
+// "+C:\\a.tmp" for each row, with "-" when it is not ticked.
+Lines Rows(const ListView& list) {
+  Lines rows;
+  for (int index = 1; index <= list.Count(); ++index) {
+    const ListItem& row = *list.Item(index);
+    rows.push_back((row.Checked() ? "+" : "-") + row.Caption().String());
+  }
+  return rows;
+}
+
 // Junk is looked for below the test's own folder, with two patterns and nothing excluded.
 class JunkPc : public WindowPc {
  public:
@@ -58,12 +68,59 @@ TEST(JunkScan, AFileHasARowForEachPatternThatItMatches) {
   EXPECT_EQ(on.Found(), Lines{}) << "no pattern is ticked";
 }
 
+TEST(JunkScan, AFolderWhosePathMeansItsNamesakeIsNotEntered) {
+  JunkPc on;
+  on.pc.MakeFile(on.root + "\\name\\a.tmp");
+  for (const char* folder : {"\\name.", "\\name "})
+    on.pc.MakeDeepFile(on.root + folder + "\\a.tmp");
+  on.Scan();
+  EXPECT_EQ(on.Found(), Lines{"name\\a.tmp"});
+}
+
 TEST(JunkScan, ASortedListIsFilledInItsOrder) {
   JunkPc on;
   for (const char* name : {"111", "3", "22"}) on.pc.MakeFile(on.root + '\\' + name + ".tmp", name);
   on.window.lvJunkFiles.UserColumnClick(2);
   on.Scan();
   EXPECT_EQ(WindowPc::Rows(on.window.lvJunkFiles, {1}), (Lines{"1", "2", "3"})) << "bytes";
+}
+
+// Files in a root folder have two rows, and two more for a second pattern.
+TEST(JunkScan, ARunningScanIsComeBackToAndRowsOfOneFileGoTogether) {
+  if (!TestPc::CanFault()) GTEST_SKIP() << "the drive has files of its own";
+  JunkPc on;
+  on.pc.MakeFile("C:\\~1.tmp");
+  on.pc.MakeFile("C:\\~2.tmp");
+  on.window.cmdCleanJunk.Click();
+  on.window.tvDrives.UserCheck(*on.window.tvDrives.Node(1), true);
+  ListView& files = on.window.lvJunkFiles;
+  const auto come_back = [&on] {
+    on.window.cmdMenuHome.Click();
+    on.window.cmdCleanJunk.Click();
+  };
+  on.front_end.When([&files] { return files.Count() == 3; },
+                    [&] {
+                      files.UserCheck(*files.Item(1), false);
+                      EXPECT_EQ(Rows(files), (Lines{"-C:\\~1.tmp", "+C:\\~2.tmp", "-C:\\~1.tmp"}));
+                      come_back();
+                      EXPECT_TRUE(on.window.picScaningJunk.Visible());
+                      EXPECT_FALSE(on.window.cmdJunkScan.Enabled());
+                    });
+  on.window.cmdJunkScan.Click();
+  Lines all;
+  for (int times = 0; times < 4; ++times) {
+    for (const char* row : {"-C:\\~1.tmp", "+C:\\~2.tmp"}) all.emplace_back(row);
+  }
+  EXPECT_EQ(Rows(files), all) << "also what came into the list later";
+  come_back();
+  EXPECT_FALSE(on.window.picScaningJunk.Visible());
+  on.window.cmdJunkFile(3).Click();
+  EXPECT_TRUE(on.pc.FileExists("C:\\~1.tmp"));
+  EXPECT_FALSE(on.pc.FileExists("C:\\~2.tmp"));
+  EXPECT_EQ(files.Count(), 4);
+  on.window.cmdJunkFile(5).Click();
+  come_back();
+  EXPECT_FALSE(on.window.picJunkScan.Visible()) << "no rows: the criteria";
 }
 
 TEST(JunkScan, StopsAtTheNextTestAndKeepsWhatWasFound) {

@@ -1,6 +1,6 @@
 // The search in the hosted PC's folders. It takes the names of its folder once, when it starts, and
-// looks at each file when its turn comes. Names come in the order of their capitals, "." and ".." of
-// a folder below a root before all others. What the host holds but no path of the PC can name is
+// looks at each file when its turn comes. Names come in the order of their capitals, "." and ".."
+// of a folder below a root before all others. What the host holds but no path of the PC can name is
 // passed over.
 #include "platform/folder_search.h"
 
