@@ -1,8 +1,11 @@
 // The native program: Tidemark on a hosted PC, in the terminal.
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "desktop/program_folder.h"
 #include "desktop/terminal/terminal_front_end.h"
+#include "main_hosted_commands.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
 #include "platform/single_instance.h"
@@ -30,17 +33,19 @@ int RunOn(tidemark::hosted::HostedPc& pc) {
 
 }  // namespace
 
-// The one argument is for the hosted PC; the program itself reads none.
+// The arguments are for the hosted PC; the program itself reads none.
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: tidemark FOLDER (a hosted PC)\n";
-    return kBadFolder;
-  }
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
   try {
-    tidemark::hosted::HostedPc pc(argv[1]);
+    if (const auto status = tidemark::RunHostedCommand(arguments)) return *status;
+    if (arguments.size() != 1) {
+      std::cerr << "usage: tidemark FOLDER (a hosted PC)\n";
+      return kBadFolder;
+    }
+    tidemark::hosted::HostedPc pc(arguments[0]);
     const int status = RunOn(pc);
     if (!pc.IsSoleUser()) {
-      std::cerr << "tidemark: " << argv[1] << ": another Tidemark is working on it\n";
+      std::cerr << "tidemark: " << arguments[0] << ": another Tidemark is working on it\n";
       return kBadFolder;
     }
     pc.ShutDown();

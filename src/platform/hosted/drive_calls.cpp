@@ -29,6 +29,7 @@ const PcDrive* Named(char letter) {
 }
 
 bool IsThere(char letter) {
+  if (HostedPc::Current().settings().unknown_drives.contains(letter)) return false;
   return Named(letter) != nullptr || RootStatus(letter) != ERROR_PATH_NOT_FOUND;
 }
 

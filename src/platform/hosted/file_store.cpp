@@ -39,9 +39,10 @@ bool IsSameOrBelow(std::string_view path, std::string_view folder) {
 
 }  // namespace
 
-FileStore::FileStore(const std::filesystem::path& pc_folder, const PcSettings& settings)
-    : pc_folder_(pc_folder), folders_(pc_folder) {
+FileStore::FileStore(const DrivePlaces& places, const PcSettings& settings)
+    : pc_folder_(places.folder), folders_(places) {
   SetCurrentFolder(settings.program_folder);
+  for (const char letter : settings.unknown_drives) SetDriveReady(letter, false);
   for (const auto& [letter, drive] : settings.drives) {
     SetDriveReady(letter, drive.ready);
   }
@@ -171,6 +172,13 @@ LONG FileStore::Delete(std::string_view path) {
   folders_.Removed(place);
   attributes_.erase(path_.upper);
   return ERROR_SUCCESS;
+}
+
+LONG FileStore::GetHostPath(std::string_view path, std::filesystem::path& host_path) {
+  FolderCache::Place place;
+  const LONG status = Find(path, true, place);
+  if (status == ERROR_SUCCESS) host_path = pc_folder_ / folders_.HostPath(place);
+  return status;
 }
 
 LONG FileStore::MoveOut(std::string_view path, const std::filesystem::path& to, DWORD& attributes) {

@@ -25,8 +25,8 @@ struct PcSettings;
 
 class FileStore {
  public:
-  // Keeps the folder, not the settings: drive kinds, attributes and denied files are copied.
-  FileStore(const std::filesystem::path& pc_folder, const PcSettings& settings);
+  // Does not keep the settings: drive kinds, attributes and denied files are copied.
+  FileStore(const DrivePlaces& places, const PcSettings& settings);
 
   // All give ERROR_SUCCESS or the status that the platform's call leaves as the last error. They
   // are plain acts: the registry editor, which runs beside the program, uses them too.
@@ -38,6 +38,8 @@ class FileStore {
   // folders above it. `attributes` are those that the host does not keep.
   LONG MoveOut(std::string_view path, const std::filesystem::path& to, DWORD& attributes);
   LONG MoveIn(const std::filesystem::path& from, std::string_view path, DWORD attributes);
+  // Where on the host lies what the path names.
+  LONG GetHostPath(std::string_view path, std::filesystem::path& host_path);
   LONG Copy(std::string_view from, std::string_view to, bool fail_if_exists);
   LONG MakeFolder(std::string_view path);
   // An empty one.

@@ -46,7 +46,10 @@ LONG FileStore::Open(std::string_view path, const OpenRequest& request, HANDLE& 
   const int flags = (writing ? O_RDWR : O_RDONLY) | O_NOFOLLOW | O_CLOEXEC |
                     (existed ? 0 : O_CREAT | O_EXCL) |
                     (request.disposition == CREATE_ALWAYS ? O_TRUNC : 0);
-  HostFile host(openat(folders_.Root(), folders_.HostPath(place, name), flags, 0666));
+  const char* const host_path = folders_.HostPath(place, name);
+  HostFile host = existed && !writing && request.disposition != CREATE_ALWAYS
+                      ? OpenForReading(folders_.Root(), host_path, O_NOFOLLOW)
+                      : HostFile(openat(folders_.Root(), host_path, flags, 0666));
   if (!host) return StatusOfHostError(errno);
   if (!existed) {
     folders_.Added(place, name, false);

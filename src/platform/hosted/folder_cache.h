@@ -1,16 +1,18 @@
 // The folders of the host that hold the PC's drives, looked up ignoring case. Listings are kept and
 // checked by the folder's time stamp, so that a name, whether it is there or not, costs one call of
-// the host's system however large its folder is. Nothing outside is ever reached: symbolic links of
-// the host are not there for the PC.
+// the host's system however large its folder is. Nothing outside is ever reached: in a hosted PC's
+// folder symbolic links of the host are not there for the PC. On disks those that lead to a drive
+// are followed, and all others answer ERROR_ACCESS_DENIED, as does a short name ("PROGRA~1") where
+// the file system tells none: what can't be told is not missing.
 #pragma once
 
 #include <sys/stat.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "platform/hosted/drive_places.h"
 #include "platform/hosted/host_file.h"
 #include "platform/winapi.h"
 
@@ -28,7 +30,7 @@ class FolderCache {
     bool IsFolder() const { return S_ISDIR(status.st_mode); }
   };
 
-  explicit FolderCache(const std::filesystem::path& pc_folder);
+  explicit FolderCache(DrivePlaces places);
   ~FolderCache();
   FolderCache(const FolderCache&) = delete;
   FolderCache& operator=(const FolderCache&) = delete;
@@ -49,14 +51,26 @@ class FolderCache {
   void Removed(const Place& place);
 
  private:
-  LONG Walk(std::string_view upper, bool careful, Place& place);
+  struct Entry;
+  struct Walker {
+    bool careful;     // folders on the way are checked anew
+    bool for_change;  // a link to a file is not followed: what is changed would lie elsewhere
+    int links_left;   // that may still be followed
+  };
+  LONG Walk(std::string_view upper, Walker walker, Place& place);
+  LONG WalkLink(const Folder& folder, const Entry& link, std::string_view upper_folder,
+                std::string_view rest, Walker walker, Place& place);
+  // Null when the name is no short name of the folder's; `told` is whether that can be told.
+  Entry* FindShortName(Folder& folder, std::string_view name, bool& told) const;
   LONG Refresh(Folder& folder);
   bool IsUnchanged(const Folder& folder) const;
   void Stamp(Folder& folder) const;
 
+  DrivePlaces places_;
   HostFile root_;
   std::unique_ptr<Folder> drives_;
   std::string host_path_;  // HostPath's answer; kept for its memory
+  std::string linked_;     // the path behind the last link
 };
 
 }  // namespace tidemark::hosted

@@ -63,4 +63,15 @@ std::string ReadDrive(std::string_view text, PcDrive& drive) {
   return {};
 }
 
+std::string DriveText(const PcDrive& drive) {
+  std::string text = "fixed";
+  for (const auto& [name, kind] : kKinds) {
+    if (kind == drive.kind) text = name;
+  }
+  if (!drive.ready) text += " not ready";
+  if (!drive.label.empty()) text += " label=" + drive.label;
+  if (!drive.share.empty()) text += " share=" + drive.share;
+  return text;
+}
+
 }  // namespace tidemark::hosted

@@ -19,5 +19,7 @@ struct PcDrive {
 // say, in this order. Gives what is wrong with it, and the drive is then untouched; or an empty
 // text.
 std::string ReadDrive(std::string_view text, PcDrive& drive);
+// The text that ReadDrive reads.
+std::string DriveText(const PcDrive& drive);
 
 }  // namespace tidemark::hosted

@@ -8,27 +8,12 @@
 #include <sstream>
 
 #include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/pc_folder_names.h"
 #include "platform/letter_case.h"
 #include "platform/unicode.h"
 
 namespace tidemark::hosted {
 namespace {
-
-struct FolderName {
-  std::string_view key;
-  int csidl;
-};
-constexpr int kWindows = -1;  // has a call of its own, and no number that the program asks for
-
-constexpr FolderName kFolderNames[] = {
-    {"desktop", CSIDL_DESKTOP},
-    {"startup", CSIDL_STARTUP},
-    {"start menu", CSIDL_STARTMENU},
-    {"fonts", CSIDL_FONTS},
-    {"common start menu", CSIDL_COMMON_STARTMENU},
-    {"common startup", CSIDL_COMMON_STARTUP},
-    {"windows", kWindows},
-};
 
 std::string_view Trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\r");
@@ -134,7 +119,7 @@ class Reader {
                      [key = LowerCase(name)](const FolderName& entry) { return entry.key == key; });
     if (known == std::end(kFolderNames)) return Unknown("folder", name);
     if (!IsFullPath(value)) return NoPath(value);
-    if (known->csidl == kWindows) {
+    if (known->csidl == kWindowsFolder) {
       settings_.windows_folder = value;
     } else {
       settings_.special_folders[known->csidl] = value;

@@ -23,7 +23,9 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <iosfwd>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -55,6 +57,9 @@ struct PcSettings {
 
   // Those that pc.ini names. A folder under drives/ alone makes a fixed drive too.
   std::map<char, PcDrive> drives;  // by capital letter
+  // Letters of which it is not known whether there is a drive: none is listed, and what lies there
+  // is not known to be gone.
+  std::set<char> unknown_drives;
 
   std::vector<std::string> denied_keys;
   std::vector<std::string> denied_files;
@@ -71,6 +76,9 @@ struct PcSettings {
   // Reads the file over the initial values. A missing file is fine; throws HostedPcError, naming
   // file and line, for a line that can't be understood.
   static PcSettings Read(const std::filesystem::path& file);
+  // Writes environment, folders, user, locale, drives and the program's folder in that form. Beside
+  // them settings are those of tests, which nobody captures.
+  void Write(std::ostream& out) const;
 };
 
 }  // namespace tidemark::hosted

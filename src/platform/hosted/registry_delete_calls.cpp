@@ -35,6 +35,7 @@ LONG DeleteTree(RegistryStore& store, const RegistryView& view);
 void DeleteSubKeys(RegistryStore& store, const RegistryView& view) {
   for (std::size_t left = store.KeyCount(view); left > 0; --left) {
     const std::string name = store.KeyAt(view, left - 1).name();
+    if (store.IsLink(view, name)) continue;  // what it leads to lies elsewhere
     // What can't be deleted keeps its parent, and that is what the caller is told.
     static_cast<void>(DeleteTree(store, store.Open(view, name)));
   }

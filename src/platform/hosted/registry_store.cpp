@@ -24,15 +24,6 @@ const RootName kRoots[] = {
     {"HKEY_CURRENT_CONFIG", HKEY_CURRENT_CONFIG},
 };
 
-RegistryKey* Descend(RegistryKey* key, std::string_view path) {
-  while (key != nullptr) {
-    const std::string_view part = NextPart(path);
-    if (part.empty()) break;
-    key = key->FindKey(part);
-  }
-  return key;
-}
-
 // The same key below another root.
 RegistryKey* Counterpart(const RegistryKey& key, const RegistryKey* root, RegistryKey* other_root) {
   if (&key == root) return other_root;
@@ -57,15 +48,71 @@ bool LiesAtOrBelow(std::string_view name, std::string_view top) {
 
 }  // namespace
 
-RegistryStore::RegistryStore(std::string user_sid)
-    : user_sid_(std::move(user_sid)),
-      machine_(nullptr, "HKEY_LOCAL_MACHINE"),
+RegistryStore::RegistryStore(std::string_view user_sid)
+    : machine_(nullptr, "HKEY_LOCAL_MACHINE"),
       users_(nullptr, "HKEY_USERS"),
       config_(nullptr, "HKEY_CURRENT_CONFIG"),
-      current_user_(&users_.MakeKey(user_sid_)),
-      handles_(std::make_unique<RegistryHandles>(*this)) {}
+      aside_(nullptr, "Aside"),
+      handles_(std::make_unique<RegistryHandles>(*this)) {
+  SetUser(user_sid);
+}
 
 RegistryStore::~RegistryStore() = default;
+
+void RegistryStore::SetUser(std::string_view sid) {
+  current_user_ = &users_.MakeKey(sid);
+  ++tree_version_;
+}
+
+void RegistryStore::Link(RegistryKey& parent, std::string_view name, RegistryKey& target) {
+  auto listed = std::make_unique<RegistryKey>(&parent, name);
+  if (const RegistryKey* const there = parent.FindKey(name)) {
+    linked_.push_back(there);
+    listed.reset();
+  }
+  links_.push_back({&parent, std::string(name), &target, std::move(listed)});
+  linked_.insert(linked_.end(), {&parent, &target});
+  ++tree_version_;
+}
+
+void RegistryStore::MarkSaved() {
+  changed_ = false;
+  for (MountedHive& mount : mounts_) mount.changed = false;
+}
+
+bool RegistryStore::ChangedBelow(const RegistryKey& mount) const {
+  return std::any_of(mounts_.begin(), mounts_.end(),
+                     [&](const auto& known) { return known.key == &mount && known.changed; });
+}
+
+bool RegistryStore::IsLink(const RegistryView& parent, std::string_view name) const {
+  return FindLink(parent.top, name) != nullptr || FindLink(parent.under, name) != nullptr;
+}
+
+const RegistryStore::LinkedKey* RegistryStore::FindLink(const RegistryKey* parent,
+                                                        std::string_view name) const {
+  for (const LinkedKey& link : links_) {
+    if (link.parent == parent && SameName(link.name, name)) return &link;
+  }
+  return nullptr;
+}
+
+const RegistryStore::LinkedKey* RegistryStore::ListedLink(const RegistryView& view) const {
+  for (const LinkedKey& link : links_) {
+    if (link.parent == view.target() && link.listed != nullptr) return &link;
+  }
+  return nullptr;
+}
+
+RegistryKey* RegistryStore::Descend(RegistryKey* key, std::string_view path) const {
+  while (key != nullptr) {
+    const std::string_view part = NextPart(path);
+    if (part.empty()) break;
+    const LinkedKey* const link = FindLink(key, part);
+    key = link != nullptr ? link->target : key->FindKey(part);
+  }
+  return key;
+}
 
 void RegistryStore::Load(const std::filesystem::path& file) {
   LoadRegistryText(file, *this);
@@ -197,6 +244,9 @@ bool RegistryStore::DeleteValue(RegistryKey& key, std::string_view name) {
 
 void RegistryStore::Changed(const RegistryKey& key) {
   changed_ = true;
+  for (const RegistryKey* top = &key; !mounts_.empty() && top != nullptr; top = top->parent()) {
+    for (MountedHive& mount : mounts_) mount.changed |= mount.key == top;
+  }
   if (merged_.empty()) return;
   const auto found = merged_.find(&key);
   if (found == merged_.end()) return;
@@ -206,7 +256,10 @@ void RegistryStore::Changed(const RegistryKey& key) {
 }
 
 bool RegistryStore::IsFixed(const RegistryKey& key) const {
-  return key.parent() == nullptr || &key == current_user_;
+  return key.parent() == nullptr || &key == current_user_ ||
+         std::find(linked_.begin(), linked_.end(), &key) != linked_.end() ||
+         std::any_of(mounts_.begin(), mounts_.end(),
+                     [&](const MountedHive& mount) { return mount.key == &key; });
 }
 
 void RegistryStore::DeleteKey(RegistryKey& key) {
@@ -263,7 +316,8 @@ const RegistryStore::Merged& RegistryStore::MergedOf(const RegistryView& view) {
 
 std::size_t RegistryStore::KeyCount(const RegistryView& view) {
   if (view.both()) return MergedOf(view).keys.size();
-  return view.exists() ? view.target()->key_count() : 0;
+  if (!view.exists()) return 0;
+  return view.target()->key_count() + (ListedLink(view) == nullptr ? 0 : 1);
 }
 
 std::size_t RegistryStore::ValueCount(const RegistryView& view) {
@@ -272,7 +326,15 @@ std::size_t RegistryStore::ValueCount(const RegistryView& view) {
 }
 
 const RegistryKey& RegistryStore::KeyAt(const RegistryView& view, std::size_t index) {
-  return view.both() ? *MergedOf(view).keys[index] : view.target()->key(index);
+  if (view.both()) return *MergedOf(view).keys[index];
+  const RegistryKey& key = *view.target();
+  const LinkedKey* const link = ListedLink(view);
+  if (link == nullptr) return key.key(index);
+  const auto follows = [&](std::size_t at) {
+    return CompareNames(key.key(at).name(), link->name) > 0;
+  };
+  if (index < key.key_count() && !follows(index)) return key.key(index);
+  return index > 0 && follows(index - 1) ? key.key(index - 1) : *link->listed;
 }
 
 const RegistryValue& RegistryStore::ValueAt(const RegistryView& view, std::size_t index) {

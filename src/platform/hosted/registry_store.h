@@ -36,7 +36,7 @@ struct RegistryView {
 class RegistryStore {
  public:
   // user_sid names the key of HKEY_USERS that HKEY_CURRENT_USER stands for.
-  explicit RegistryStore(std::string user_sid);
+  explicit RegistryStore(std::string_view user_sid);
   ~RegistryStore();
   RegistryStore(const RegistryStore&) = delete;
   RegistryStore& operator=(const RegistryStore&) = delete;
@@ -45,8 +45,25 @@ class RegistryStore {
   void Load(const std::filesystem::path& file);
   // Writes the whole registry as UTF-16LE version 5.00 text; throws HostedPcError.
   void Save(const std::filesystem::path& file) const;
-  // Whether anything was changed since Load or Save.
+  // Whether anything was changed since Load, Save or MarkSaved.
   bool changed() const { return changed_; }
+  // To be called by who fills the registry, or stores it, in another way.
+  void MarkSaved();
+
+  // From here on HKEY_CURRENT_USER stands for this key of HKEY_USERS, which is made if need be.
+  void SetUser(std::string_view sid);
+  // Lets the name below the key stand for the target, as the platform's symbolic links do: the name
+  // is enumerated, and who opens it is at the target. Neither can be deleted, and the link is not
+  // stored.
+  void Link(RegistryKey& parent, std::string_view name, RegistryKey& target);
+  // Whether the name below the key is a link.
+  bool IsLink(const RegistryView& parent, std::string_view name) const;
+  // Says that a hive hangs on the key, which then can't be deleted. Whether anything below it was
+  // changed since then, or MarkSaved, is told by key.
+  void Mount(const RegistryKey& key) { mounts_.push_back({&key, false}); }
+  bool ChangedBelow(const RegistryKey& mount) const;
+  // The root of a tree that lies in none of the roots: what a link leads to.
+  RegistryKey& Aside() { return aside_; }
 
   // From here on every open of the key (full name, "HKEY_LOCAL_MACHINE\Software\X") or of what lies
   // below it that asks for any right in `rights` answers ERROR_ACCESS_DENIED, and so does every
@@ -115,17 +132,35 @@ class RegistryStore {
     const RegistryKey* machine_key;
   };
 
+  struct LinkedKey {
+    const RegistryKey* parent;
+    std::string name;
+    RegistryKey* target;
+    std::unique_ptr<RegistryKey> listed;  // stands in the list; null when a key of that name does
+  };
+
   RegistryView Classes();
+  RegistryKey* Descend(RegistryKey* key, std::string_view path) const;
+  const LinkedKey* FindLink(const RegistryKey* parent, std::string_view name) const;
+  // The link that the view lists beside its keys; null when there is none.
+  const LinkedKey* ListedLink(const RegistryView& view) const;
   RegistryView MakeBelow(const RegistryView& parent, std::string_view name);
   const Merged& MergedOf(const RegistryView& view);
   void Changed(const RegistryKey& key);
   void MarkDeleted(std::unique_ptr<RegistryKey> key);
 
-  std::string user_sid_;
   RegistryKey machine_;
   RegistryKey users_;
   RegistryKey config_;
-  RegistryKey* current_user_;
+  RegistryKey aside_;
+  RegistryKey* current_user_ = nullptr;
+  std::vector<LinkedKey> links_;
+  std::vector<const RegistryKey*> linked_;  // both ends of links
+  struct MountedHive {
+    const RegistryKey* key;
+    bool changed;
+  };
+  std::vector<MountedHive> mounts_;
   mutable bool changed_ = false;
   std::uint64_t tree_version_ = 1;
   RegistryView classes_;
