@@ -70,7 +70,7 @@ std::string WithoutWildCards(std::string_view pattern) {
 }
 
 LONG ReadNames(int folder, const SearchPattern& pattern, std::vector<Name>& names) {
-  const int copy = OpenForReading(folder, ".", O_DIRECTORY).Release();
+  const int copy = hosted::OpenForReading(folder, ".", O_DIRECTORY).Release();
   const std::unique_ptr<DIR, CloseFolder> stream(copy < 0 ? nullptr : fdopendir(copy));
   if (!stream) return ERROR_ACCESS_DENIED;
   while (const dirent* const entry = readdir(stream.get())) {
