@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "platform/exact_text.h"
-#include "platform/exact_text.h"
 #include "platform/hosted/file_details.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/host_file.h"
