@@ -1,10 +1,13 @@
-// The native program: Tidemark on a hosted PC, in the terminal.
+// The native program: Tidemark on a hosted PC, in the terminal: a full screen where there is one,
+// commands and pages on a pair of pipes.
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "desktop/program_folder.h"
-#include "desktop/terminal/terminal_front_end.h"
+#include "desktop/terminal/screen/curses_screen.h"
+#include "desktop/terminal/screen/screen_front_end.h"
+#include "desktop/terminal/script/command_front_end.h"
 #include "main_hosted_commands.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
@@ -17,6 +20,12 @@ namespace {
 
 constexpr int kBadFolder = 2;
 
+int RunWith(tidemark::DeskFrontEnd& front_end, const tidemark::Application& application) {
+  tidemark::frmMain window(front_end, application);
+  BindHandlers(window);
+  return front_end.Run(window.form, [&window] { Main(window); });
+}
+
 int RunOn(tidemark::hosted::HostedPc& pc) {
   const tidemark::SingleInstance instance;
   tidemark::Application application;
@@ -24,11 +33,14 @@ int RunOn(tidemark::hosted::HostedPc& pc) {
   application.previous_instance = instance.AnotherIsRunning();
 
   tidemark::MakeProgramFolder(application.folder);
+  if (tidemark::CursesScreen::IsAvailable()) {
+    tidemark::CursesScreen screen;
+    tidemark::ScreenFrontEnd front_end(screen);
+    return RunWith(front_end, application);
+  }
   const auto console = tidemark::OpenConsole();
-  tidemark::TerminalFrontEnd front_end(*console);
-  tidemark::frmMain window(front_end, application);
-  BindHandlers(window);
-  return front_end.Run(window.form, [&window] { Main(window); });
+  tidemark::CommandFrontEnd front_end(*console);
+  return RunWith(front_end, application);
 }
 
 }  // namespace

@@ -3,12 +3,12 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-native_packages=(cmake ninja-build g++)
+native_packages=(cmake ninja-build g++ libncurses-dev)
 windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 fonts-wine)
 windows_test_packages=(locales)
 installer_packages=(nsis)
 display_packages=(xvfb imagemagick)
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev googletest xz-utils)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev googletest xz-utils tmux)
 clang_packages=(clang libclang-rt-14-dev)
 format_packages=(clang-format)
 tidy_packages=(clang-format clang-tidy)

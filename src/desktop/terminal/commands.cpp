@@ -40,19 +40,11 @@ CommandResult Type(Arguments arguments, const Context& context) {
   return {};
 }
 
-// The platform sends the mouse message's number in x, in pixels. The terminal's pixels are those of
-// 96 dots per inch.
 CommandResult Tray(Arguments arguments, const Context& context) {
-  constexpr int kLeftButtonUp = 514;
-  constexpr int kRightButtonUp = 517;
-  constexpr int kPixels = 3;
-  constexpr int kTwipsPerPixel = 15;
   const bool left = IsSameWord(arguments.Rest(), "left");
   if (!left && !IsSameWord(arguments.Rest(), "right")) Refuse("usage: tray left or tray right");
   if (context.desk.tray.empty()) Refuse("there is no tray icon");
-  Form& window = *context.desk.main_window;
-  const int message = left ? kLeftButtonUp : kRightButtonUp;
-  window.MouseMove(0, 0, window.ScaleMode() == kPixels ? message : message * kTwipsPerPixel, 0);
+  ClickTray(*context.desk.main_window, left ? TrayClick::kLeft : TrayClick::kRight);
   return {};
 }
 

@@ -1,12 +1,12 @@
 // What stands on the desk: the windows that are shown, how their lists are scrolled, the icons in
-// the notification area. The page drawing and the commands work on it; the front end puts windows
-// on it and takes them off.
+// the notification area. Pages and commands work on it; the front end puts windows on it and takes
+// them off.
 #pragma once
 
 #include <string_view>
 #include <vector>
 
-#include "desktop/terminal/list_table.h"
+#include "desktop/terminal/scroll_positions.h"
 #include "toolkit/controls.h"
 #include "toolkit/tray_icon.h"
 
@@ -15,14 +15,12 @@ namespace tidemark {
 struct Desk {
   struct ShownForm {
     Form* form = nullptr;
-    long command = 0;  // number of the command that ran when it was shown
     bool loaded = false;
   };
   std::vector<ShownForm> forms;  // the last one lies on top
   Form* main_window = nullptr;
   ScrollPositions scroll;
   std::vector<TrayIcon> tray;
-  Lines box;  // a notice, a question or a menu, in front of all windows; empty for none
 
   // The window that lies on top of the main window; null when none does.
   Form* Dialog() const {
@@ -46,5 +44,13 @@ struct Desk {
     return nullptr;
   }
 };
+
+// The text beside the icon.
+std::string_view TipOf(const TrayIcon& icon);
+
+enum class TrayClick { kLeft = 514, kRight = 517 };  // the platform's numbers of the mouse messages
+
+// As a click on an icon in the notification area.
+void ClickTray(Form& main_window, TrayClick click);
 
 }  // namespace tidemark

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/character_width.h"
 #include "platform/unicode.h"
 
 namespace tidemark {
@@ -15,28 +16,11 @@ struct CharacterRange {
 
 constexpr std::array<CharacterRange, 4> kSteering = {
     {{0x00, 0x1F}, {0x7F, 0x9F}, {0x2028, 0x202E}, {0x2066, 0x2069}}};
-constexpr std::array<CharacterRange, 5> kCombining = {
-    {{0x0300, 0x036F}, {0x1AB0, 0x1AFF}, {0x200B, 0x200F}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}}};
-constexpr std::array<CharacterRange, 8> kWide = {{{0x1100, 0x115F},
-                                                  {0x2E80, 0xA4CF},
-                                                  {0xAC00, 0xD7A3},
-                                                  {0xF900, 0xFAFF},
-                                                  {0xFE30, 0xFE6F},
-                                                  {0xFF00, 0xFF60},
-                                                  {0x1F300, 0x1FAFF},
-                                                  {0x20000, 0x3FFFD}}};
 
-template <std::size_t kSize>
-bool IsIn(const std::array<CharacterRange, kSize>& ranges, char32_t character) {
-  return std::any_of(ranges.begin(), ranges.end(), [character](const CharacterRange& range) {
+bool Steers(char32_t character) {
+  return std::any_of(kSteering.begin(), kSteering.end(), [character](const CharacterRange& range) {
     return range.first <= character && character <= range.last;
   });
-}
-
-int CharacterWidth(char32_t character) {
-  if (character < 0x300) return 1;
-  if (IsIn(kCombining, character)) return 0;
-  return IsIn(kWide, character) ? 2 : 1;
 }
 
 // How many bytes of the text fill at most `width` columns.
@@ -76,7 +60,7 @@ std::string Displayable(std::string_view text) {
     const char32_t character = NextCharacter(text, position);
     if (character == kNoCharacter) {
       result += "\uFFFD";
-    } else if (IsIn(kSteering, character)) {
+    } else if (Steers(character)) {
       result += "\u00B7";
     } else {
       result += text.substr(start, position - start);
@@ -91,6 +75,10 @@ int DisplayWidth(std::string_view text) {
     width += CharacterWidth(NextCharacter(text, position));
   }
   return width;
+}
+
+std::string_view Cut(std::string_view text, int width) {
+  return text.substr(0, BytesThatFit(text, width));
 }
 
 std::string Fit(std::string_view text, int width) {
@@ -124,11 +112,6 @@ std::vector<std::string> Wrap(std::string_view text, int width) {
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return lines;
-}
-
-std::string_view FileTitle(std::string_view path) {
-  path.remove_prefix(path.find_last_of("\\/") + 1);  // npos + 1 is 0
-  return path.substr(0, path.rfind('.'));
 }
 
 }  // namespace tidemark

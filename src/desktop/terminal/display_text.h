@@ -15,7 +15,10 @@ std::string Displayable(std::string_view text);
 // Of a text that is displayable.
 int DisplayWidth(std::string_view text);
 
-// At most that wide; what was longer ends in an ellipsis.
+// At most that wide.
+std::string_view Cut(std::string_view text, int width);
+
+// The same; what was longer ends in an ellipsis.
 std::string Fit(std::string_view text, int width);
 
 // The same, but a path is cut in its middle: what tells it from others stands at its end.
@@ -24,8 +27,5 @@ std::string FitPath(std::string_view text, int width);
 // Lines of at most that width, broken at blanks where there are any, and at the text's own line
 // ends. An empty text has no lines.
 std::vector<std::string> Wrap(std::string_view text, int width);
-
-// "RegHealth-Low" of "C:\Program Files\Tidemark\Images\RegHealth-Low.jpg".
-std::string_view FileTitle(std::string_view path);
 
 }  // namespace tidemark

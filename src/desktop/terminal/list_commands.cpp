@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/terminal/control_face.h"
 #include "desktop/terminal/display_text.h"
 #include "desktop/terminal/rows.h"
-#include "desktop/terminal/sketch.h"
 
 namespace tidemark {
 namespace {
@@ -85,6 +85,30 @@ CommandResult SetTick(Arguments arguments, const Context& context, bool checked)
     SetTicks(*AsRows(control), arguments.Rest(), checked);
   }
   return {};
+}
+
+// The rows from first_row on with the full texts of all columns, one a line under a line of
+// headings: row number, key, check mark (in a list that has them), texts; the separator between
+// them.
+std::string ListText(const Rows& list, int first_row, int rows, std::string_view separator) {
+  std::string text;
+  const auto add = [&](std::string_view field) { text.append(separator).append(field); };
+  text += "row";
+  add("key");
+  if (list.HasCheckBoxes()) add("checked");
+  for (const ColumnHeader& header : list.Columns()) add(Displayable(header.text.View()));
+  text += '\n';
+  const int last_row = std::min(list.Count(), first_row + std::min(rows, list.Count()) - 1);
+  for (int row = first_row; row <= last_row; ++row) {
+    text += std::to_string(row);
+    add(Displayable(list.Key(row).View()));
+    if (list.HasCheckBoxes()) add(list.Checked(row) ? "[x]" : "[ ]");
+    for (int column = 0; column < static_cast<int>(list.Columns().size()); ++column) {
+      add(Displayable(list.ColumnText(row, column).View()));
+    }
+    text += '\n';
+  }
+  return text;
 }
 
 CommandResult ShowRows(const Rows& list, Arguments arguments, std::string_view separator) {

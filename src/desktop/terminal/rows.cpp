@@ -1,5 +1,7 @@
 #include "desktop/terminal/rows.h"
 
+#include <algorithm>
+
 #include "toolkit/tree_view.h"
 
 namespace tidemark {
@@ -19,18 +21,21 @@ class ListRows : public Rows {
   }
   bool Checked(int row) const override { return list_.Item(row)->Checked(); }
   bool HasIcon(int row) const override { return list_.Item(row)->SmallIcon() != 0; }
-  int FindKey(std::string_view key) const override {
-    const ListItem* item = list_.Item(key);
-    if (item == nullptr) return 0;
-    int row = 1;
-    while (list_.Item(row) != item) ++row;
-    return row;
-  }
+  int FindKey(std::string_view key) const override { return list_.IndexOf(list_.Item(key)); }
   const void* Identity(int row) const override { return list_.Item(row); }
+  int RowOf(const void* identity) const override {
+    return list_.IndexOf(static_cast<const ListItem*>(identity));
+  }
   const void* SelectedIdentity() const override { return list_.SelectedItem(); }
   const void* VisibleIdentity() const override { return list_.VisibleItem(); }
   void UserCheck(int row, bool checked) override { list_.UserCheck(*list_.Item(row), checked); }
   void UserSelect(int row) override { list_.UserSelect(*list_.Item(row)); }
+  void UserDoubleClick() override { list_.UserDoubleClick(); }
+  void UserContextMenu(int row) override { list_.UserContextMenu(list_.Item(row)); }
+  void UserColumnClick(int column) override { list_.UserColumnClick(column); }
+  bool CanBeOpened() const override { return list_.DoubleClicked.IsBound(); }
+  bool HasMenu() const override { return list_.ContextMenu.IsBound(); }
+  unsigned TimesCleared() const override { return list_.TimesCleared(); }
 
  private:
   ListView& list_;
@@ -58,6 +63,11 @@ class TreeRows : public Rows {
     return row;
   }
   const void* Identity(int row) const override { return tree_.Node(row); }
+  int RowOf(const void* identity) const override {
+    int row = identity == nullptr ? 0 : Count();
+    while (row > 0 && tree_.Node(row) != identity) --row;
+    return row;
+  }
   const void* SelectedIdentity() const override { return tree_.SelectedItem(); }
   const void* VisibleIdentity() const override { return nullptr; }
   void UserCheck(int row, bool checked) override {
@@ -65,12 +75,18 @@ class TreeRows : public Rows {
     if (node.Checked() != checked) tree_.UserCheck(node, checked);
   }
   void UserSelect(int row) override { tree_.Select(tree_.Node(row)); }
+  unsigned TimesCleared() const override { return tree_.TimesCleared(); }
 
  private:
   TreeView& tree_;
 };
 
 }  // namespace
+
+bool Rows::HasHeadings() const {
+  return std::any_of(Columns().begin(), Columns().end(),
+                     [](const ColumnHeader& header) { return !header.text.empty(); });
+}
 
 std::unique_ptr<Rows> RowsOf(Control& control) {
   if (auto* list = dynamic_cast<ListView*>(&control)) return std::make_unique<ListRows>(*list);

@@ -19,6 +19,8 @@ class Rows {
   virtual const Control& Source() const = 0;
   // A tree has one column without a heading.
   virtual const std::vector<ColumnHeader>& Columns() const = 0;
+  // Whether any column has a text in its heading.
+  bool HasHeadings() const;
   virtual bool HasCheckBoxes() const = 0;
   virtual int Count() const = 0;
 
@@ -32,12 +34,21 @@ class Rows {
 
   // Tells rows apart from one moment to the next; null for none.
   virtual const void* Identity(int row) const = 0;
+  virtual int RowOf(const void* identity) const = 0;  // 0 for none; walks the list
   virtual const void* SelectedIdentity() const = 0;
   virtual const void* VisibleIdentity() const = 0;  // the row that is to be scrolled into view
 
   // As a person does it; a row that has the tick already stays as it is.
   virtual void UserCheck(int row, bool checked) = 0;
   virtual void UserSelect(int row) = 0;
+  virtual void UserDoubleClick() {}
+  virtual void UserContextMenu(int /*row*/) {}
+  virtual void UserColumnClick(int /*column, from 1*/) {}
+  // Whether anything comes of a double click, of a context menu.
+  virtual bool CanBeOpened() const { return false; }
+  virtual bool HasMenu() const { return false; }
+  // How often it has been cleared: rows mean nothing beyond the next time.
+  virtual unsigned TimesCleared() const = 0;
 };
 
 // Null when the control has no rows. Holds a reference to the control.

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/terminal/terminal_front_end.h"
+#include "desktop/terminal/script/command_front_end.h"
 #include "tests/support/test_pc.h"
 #include "window/frmMain.h"
 #include "window/panels.h"
@@ -17,16 +17,11 @@ namespace tidemark {
 
 class ScriptedConsole : public Console {
  public:
-  explicit ScriptedConsole(bool interactive) : interactive_(interactive) {}
-
   std::deque<std::string> lines;  // then the input ends
   std::string written;
   std::string errors;
   std::vector<int> timeouts;
 
-  bool IsInteractive() const override { return interactive_; }
-  bool HasColor() const override { return false; }
-  ConsoleSize Size() const override { return {.width = 80, .height = 24}; }
   ConsoleInput Wait(int timeout_ms) override {
     timeouts.push_back(timeout_ms);
     if (lines.empty()) return {.kind = ConsoleInput::Kind::kEnd, .line = {}};
@@ -37,15 +32,12 @@ class ScriptedConsole : public Console {
   bool CloseRequested() const override { return false; }
   void Write(std::string_view text) override { written += text; }
   void WriteError(std::string_view text) override { errors += text; }
-
- private:
-  bool interactive_;
 };
 
 // The main window on its results page, with three problems.
 class TerminalTest : public testing::Test {
  protected:
-  explicit TerminalTest(bool interactive = false) : console(interactive) {
+  TerminalTest() {
     HideAllFrames(window);
     window.picClear.SetVisible(true);
     for (const char* key : {"K1", "K2", "K3"}) {
@@ -65,14 +57,7 @@ class TerminalTest : public testing::Test {
     return front_end.Run(window.form, [this] { front_end.Show(window.form); });
   }
 
-  // Yields until the window is told to stop, as a scan does.
-  void WorkUntilStopped() {
-    for (long yield = 0; !window.StopRequested && yield < 100'000'000; ++yield) {
-      front_end.DoEvents();
-    }
-  }
-
-  // As a procedure that asks and yields until it is answered.
+  // As a procedure that asks and waits until it is answered.
   void AskWithBox(const char* question) {
     window.mess_box = std::make_unique<frmMessBox>("C:\\Program");
     window.mess_box->lblMessage.SetCaption(question);
@@ -81,13 +66,13 @@ class TerminalTest : public testing::Test {
     window.mess_box->cmdNo.Clicked.Bind([this] { front_end.Unload(window.mess_box->form); });
     window.mess_box->form.Unload.Bind([this] { window.mess_box.reset(); });
     front_end.Show(window.mess_box->form);
-    while (window.mess_box) front_end.DoEvents();
+    while (window.mess_box) front_end.WaitForEvents();
     window.lblFound.SetCaption("answered");
   }
 
   TestPc pc;
   ScriptedConsole console;
-  TerminalFrontEnd front_end{console};
+  CommandFrontEnd front_end{console};
   frmMain window{front_end, {}};
   std::vector<std::string> ticked;
   int closed = 0;
