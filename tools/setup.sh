@@ -3,7 +3,7 @@
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
-native_packages=(cmake ninja-build g++ libncurses-dev)
+native_packages=(cmake ninja-build g++ libhivex-dev libncurses-dev)
 windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 fonts-wine)
 windows_test_packages=(locales)
 installer_packages=(nsis)

@@ -2,9 +2,12 @@
 #include <string>
 
 #include "platform/hosted/registry_call_checks.h"
+#include "platform/hosted/registry_limits.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/winapi.h"
 
+using tidemark::hosted::CanLose;
+using tidemark::hosted::CanLoseValues;
 using tidemark::hosted::CurrentRegistry;
 using tidemark::hosted::ExactText;
 using tidemark::hosted::IncomingText;
@@ -32,18 +35,29 @@ LONG DeleteEmptyKey(RegistryStore& store, RegistryKey& key) {
 // deleted once: of a key that is there twice the machine's stays.
 LONG DeleteTree(RegistryStore& store, const RegistryView& view);
 
-void DeleteSubKeys(RegistryStore& store, const RegistryView& view) {
+void DeleteSubKeys(RegistryStore& store, const RegistryView& view,
+                   LONG (*delete_tree)(RegistryStore&, const RegistryView&)) {
   for (std::size_t left = store.KeyCount(view); left > 0; --left) {
     const std::string name = store.KeyAt(view, left - 1).name();
     if (store.IsLink(view, name)) continue;  // what it leads to lies elsewhere
     // What can't be deleted keeps its parent, and that is what the caller is told.
-    static_cast<void>(DeleteTree(store, store.Open(view, name)));
+    static_cast<void>(delete_tree(store, store.Open(view, name)));
   }
 }
 
 LONG DeleteTree(RegistryStore& store, const RegistryView& view) {
-  if ((store.Denied(view) & KEY_ENUMERATE_SUB_KEYS) == 0) DeleteSubKeys(store, view);
+  if ((store.Denied(view) & KEY_ENUMERATE_SUB_KEYS) == 0) {
+    DeleteSubKeys(store, view, DeleteTree);
+  }
   return DeleteEmptyKey(store, *view.target());
+}
+
+// A tree that can't go as a whole is left whole.
+LONG DeleteTreeIfLost(RegistryStore& store, const RegistryView& view) {
+  for (const RegistryKey* half : {view.top, view.under}) {
+    if (half != nullptr && !CanLose(*half)) return ERROR_ACCESS_DENIED;
+  }
+  return DeleteTree(store, view);
 }
 
 LONG DeleteKeyAt(HKEY key, std::string_view path, PathLimit limit) {
@@ -52,12 +66,14 @@ LONG DeleteKeyAt(HKEY key, std::string_view path, PathLimit limit) {
   const LONG status = ResolveForOpen(store, key, path, &from, limit);
   if (status != ERROR_SUCCESS) return status;
   const RegistryView view = store.Open(from.view, path);
-  return view.exists() ? DeleteEmptyKey(store, *view.target()) : ERROR_FILE_NOT_FOUND;
+  if (!view.exists()) return ERROR_FILE_NOT_FOUND;
+  return CanLose(*view.target()) ? DeleteEmptyKey(store, *view.target()) : ERROR_ACCESS_DENIED;
 }
 
 LONG DeleteContents(RegistryStore& store, const RegistryView& view) {
-  DeleteSubKeys(store, view);
   RegistryKey* key = view.target();
+  if (key != nullptr && key->value_count() > 0 && !CanLoseValues(*key)) return ERROR_ACCESS_DENIED;
+  DeleteSubKeys(store, view, DeleteTreeIfLost);
   if (key == nullptr) return ERROR_SUCCESS;
   if ((store.Denied(*key) & KEY_SET_VALUE) != 0) return ERROR_ACCESS_DENIED;
   while (key->value_count() > 0) store.DeleteValue(*key, std::string(key->value(0).name()));
@@ -87,5 +103,5 @@ LSTATUS SHDeleteKeyA(HKEY key, LPCSTR sub_key) {
   }
   if (NamesNoKey(path.text())) return DeleteContents(store, from.view);
   const RegistryView view = store.Open(from.view, path.text());
-  return view.exists() ? DeleteTree(store, view) : ERROR_FILE_NOT_FOUND;
+  return view.exists() ? DeleteTreeIfLost(store, view) : ERROR_FILE_NOT_FOUND;
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/hosted/registry_limits.h"
 #include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_value_index.h"
 
@@ -74,6 +75,7 @@ RegistryKey& RegistryKey::MakeKey(std::string_view name, bool* made) {
   const std::size_t position = Position(name, &found);
   if (!found) {
     keys_.Insert(position, std::make_unique<RegistryKey>(this, name));
+    keys_[position]->limits_ = limits_ & kInherited;
     last_found_ = static_cast<std::uint32_t>(position);
   }
   if (made != nullptr) *made = !found;

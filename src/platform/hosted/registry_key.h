@@ -124,6 +124,10 @@ class RegistryKey {
   bool deleted() const { return deleted_; }
   void MarkDeleted() { deleted_ = true; }
 
+  // Of registry_limits.h; a new key is made with those that hold below its parent.
+  std::uint8_t limits() const { return limits_; }
+  void SetLimits(std::uint8_t limits) { limits_ = limits; }
+
  private:
   // Where a sub-key of that name is, or would be put.
   std::size_t Position(std::string_view name, bool* found) const;
@@ -139,6 +143,7 @@ class RegistryKey {
   mutable std::uint32_t last_found_ = 0;
   std::uint32_t handles_ = 0;
   bool deleted_ = false;
+  std::uint8_t limits_ = 0;
 };
 
 }  // namespace tidemark::hosted

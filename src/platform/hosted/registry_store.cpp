@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/hosted/registry_handles.h"
+#include "platform/hosted/registry_limits.h"
 #include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_text.h"
 #include "platform/registry_rules.h"
@@ -204,6 +205,10 @@ RegistryView RegistryStore::Create(const RegistryView& from, std::string_view pa
     RegistryView next = Open(view, part);
     if (!next.exists()) {
       if (!*made && (Denied(view) & KEY_CREATE_SUB_KEY) != 0) return {};
+      const RegistryKey* maker = view.under != nullptr ? view.under : view.top;
+      // With all that is still to come below it.
+      const std::string_view wanted(part.data(), part.size() + path.size());
+      if (maker != nullptr && !CanTakeKey(*maker, wanted)) return {};
       depth = *made ? depth + 1 : Depth(view.target());
       if (depth >= kDeepest) return {};
       next = MakeBelow(view, part);
@@ -230,14 +235,16 @@ RegistryView RegistryStore::MakeBelow(const RegistryView& parent, std::string_vi
   return {nullptr, key, true};
 }
 
-void RegistryStore::SetValue(RegistryKey& key, std::string_view name, DWORD type,
+bool RegistryStore::SetValue(RegistryKey& key, std::string_view name, DWORD type,
                              std::string_view data, std::optional<char> odd_byte) {
+  if (!CanTakeValue(key, name, data)) return false;
   key.SetValue(name, type, data, odd_byte);
   Changed(key);
+  return true;
 }
 
 bool RegistryStore::DeleteValue(RegistryKey& key, std::string_view name) {
-  if (!key.DeleteValue(name)) return false;
+  if (!CanLoseValues(key) || !key.DeleteValue(name)) return false;
   Changed(key);
   return true;
 }

@@ -86,12 +86,15 @@ class RegistryStore {
   RegistryView Open(const RegistryView& from, std::string_view path);
   // Makes the keys that are missing. In the merged view a key is made below the machine's key,
   // unless only the user's is there. The view does not exist when the last key that was there
-  // denies it, or when the path goes deeper than 512 keys.
+  // denies it or can't take the others, or when the path goes deeper than 512 keys.
   RegistryView Create(const RegistryView& from, std::string_view path, bool* made);
-  void SetValue(RegistryKey& key, std::string_view name, DWORD type, std::string_view data,
+  // False when the key can't take it (registry_limits.h).
+  bool SetValue(RegistryKey& key, std::string_view name, DWORD type, std::string_view data,
                 std::optional<char> odd_byte = {});
+  // False also when there is none.
   bool DeleteValue(RegistryKey& key, std::string_view name);
-  // With all below it. Keys that are open stay in memory, marked as deleted.
+  // With all below it, of a key that can be lost (registry_limits.h). Keys that are open stay in
+  // memory, marked as deleted.
   void DeleteKey(RegistryKey& key);
   // Roots and what a hive hangs on can't be deleted.
   bool IsFixed(const RegistryKey& key) const;

@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/registry_limits.h"
 #include "platform/hosted/registry_script_keys.h"
 #include "platform/hosted/registry_text.h"
 #include "platform/registry_script_reader.h"
@@ -43,7 +44,7 @@ class ScriptImport {
     const RegistryView view = store_.Open(store_.Root(root), path.substr(root.size()));
     finder_.Forget();
     RegistryKey* key = view.target();
-    if (key == nullptr || store_.IsFixed(*key)) return;
+    if (key == nullptr || store_.IsFixed(*key) || !CanLose(*key)) return;
     constexpr REGSAM kDelete = 0x10000;
     if ((store_.Denied(*key) & (kDelete | KEY_SET_VALUE)) == 0) store_.DeleteKey(*key);
   }
@@ -55,7 +56,8 @@ class ScriptImport {
     if (value.removes) {
       store_.DeleteValue(key, value.name);
     } else {
-      store_.SetValue(key, value.name, value.type, value.data, value.odd_byte);
+      const bool set = store_.SetValue(key, value.name, value.type, value.data, value.odd_byte);
+      if (!set) throw ScriptFault{"the key can't take the value"};
     }
   }
 

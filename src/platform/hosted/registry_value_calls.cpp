@@ -54,7 +54,8 @@ LONG DeleteValueOf(HKEY key, std::string_view name) {
   const LONG status = Resolve(store, key, KEY_SET_VALUE, &open);
   if (status != ERROR_SUCCESS) return status;
   for (RegistryKey* half : {open.view.top, open.view.under}) {
-    if (half != nullptr && store.DeleteValue(*half, name)) return ERROR_SUCCESS;
+    if (half == nullptr || half->FindValue(name) == nullptr) continue;
+    return store.DeleteValue(*half, name) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
   }
   return ERROR_FILE_NOT_FOUND;
 }
@@ -93,9 +94,9 @@ LSTATUS RegSetValueExA(HKEY key, LPCSTR name, DWORD, DWORD type, const BYTE* dat
   if (IsTextType(type) && NulStandsBehind(data, size_bytes)) ++size_bytes;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size_bytes);
   const IncomingText text(IsTextType(type) ? bytes : std::string_view());
-  store.SetValue(*open.view.target(), value_name.text(), type,
-                 IsTextType(type) ? text.text() : bytes);
-  return ERROR_SUCCESS;
+  const std::string_view stored = IsTextType(type) ? text.text() : bytes;
+  const bool set = store.SetValue(*open.view.target(), value_name.text(), type, stored);
+  return set ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
 LSTATUS RegDeleteValueA(HKEY key, LPCSTR name) {

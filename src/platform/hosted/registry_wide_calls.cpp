@@ -106,15 +106,15 @@ LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD, DWORD type, const BYTE* da
   if (IsTextType(type)) size_bytes = SizeWithEnd(data, size_bytes);
   const std::string_view bytes(reinterpret_cast<const char*>(data), size_bytes);
   if (!IsTextType(type)) {
-    store.SetValue(*open.view.target(), value_name, type, bytes);
-    return ERROR_SUCCESS;
+    const bool set = store.SetValue(*open.view.target(), value_name, type, bytes);
+    return set ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
   }
   std::string text;
   tidemark::AppendFromUtf16(bytes, text);
   std::optional<char> odd_byte;
   if (bytes.size() % 2 != 0) odd_byte = bytes.back();
-  store.SetValue(*open.view.target(), value_name, type, text, odd_byte);
-  return ERROR_SUCCESS;
+  const bool set = store.SetValue(*open.view.target(), value_name, type, text, odd_byte);
+  return set ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
 LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_size, LPDWORD, LPWSTR,

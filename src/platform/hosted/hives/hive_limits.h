@@ -1,0 +1,19 @@
+// What the library that writes hives can't do, told before anything is written.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "platform/hosted/hives/hive_records.h"
+
+namespace tidemark::hosted {
+
+// Of registry_limits.h, for the key that holds the value. `name` is the value's, as UTF-8.
+std::uint8_t LimitsByValue(const HiveCells& cells, const HiveValue& value, std::string_view name);
+// Of a key or value.
+bool CanNameInHive(std::string_view name);
+// Data that takes so many bytes as UTF-8 or as it is; of a hive of version 1.4 or later.
+bool FitsInHive(std::size_t size_bytes, bool young);
+
+}  // namespace tidemark::hosted
