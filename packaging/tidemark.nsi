@@ -96,6 +96,17 @@ VIAddVersionKey LegalCopyright ""
   ${Loop}
 !macroend
 
+; Each user's logon task: the system keeps a file of its name for it.
+!macro DELETE_LOGON_TASKS
+  FindFirst $0 $1 "$SYSDIR\Tasks\Tidemark at logon of *"
+  ${DoWhile} $1 != ""
+    nsExec::Exec '"$SYSDIR\schtasks.exe" /delete /tn "$1" /f'
+    Pop $2
+    FindNext $0 $1
+  ${Loop}
+  FindClose $0
+!macroend
+
 Function SkipWhenInstalled
   ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "InstallLocation"
   ${If} $0 != ""
@@ -158,6 +169,7 @@ Section Uninstall
   !insertmacro DELETE_LOGON_ENTRIES "${LOGON_KEY}"
   ; Where it is when it was switched off in the program's own list.
   !insertmacro DELETE_LOGON_ENTRIES "-${LOGON_KEY}"
+  !insertmacro DELETE_LOGON_TASKS
   DeleteRegKey HKCU "Software\Tidemark"
   DeleteRegKey HKLM "${UNINSTALL_KEY}"
 SectionEnd

@@ -11,6 +11,7 @@
 #include "main_hosted_commands.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
+#include "platform/logon_task.h"
 #include "platform/single_instance.h"
 #include "shell/main_window.h"
 #include "shell/wiring.h"
@@ -31,6 +32,7 @@ int RunOn(tidemark::hosted::HostedPc& pc) {
   tidemark::Application application;
   application.folder = pc.settings().program_folder;
   application.previous_instance = instance.AnotherIsRunning();
+  application.elevated = tidemark::IsElevated();
 
   tidemark::MakeProgramFolder(application.folder);
   if (tidemark::CursesScreen::IsAvailable()) {

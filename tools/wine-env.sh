@@ -37,6 +37,7 @@ if [[ $(cat "$wine_root/display" 2>/dev/null) != "$wine_display" ]]; then
   echo "$wine_display" >"$wine_root/display"
 fi
 # Started here, with their output closed, the services can't hold a caller's pipe open; they stay for
-# five idle minutes. Without -i the programs that are set up to start with the system would start.
+# five idle minutes. The first program starts them, and no program that is set up to start with the
+# system; wineboot, called by hand, would start them a second time, and then some can't be started.
 wineserver -p300 </dev/null >/dev/null 2>&1 || true
-wineboot -i </dev/null >/dev/null 2>&1
+wine cmd /c exit </dev/null >/dev/null 2>&1

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desktop/program_folder.h"
+#include "platform/logon_task.h"
 #include "platform/winapi.h"
 
 namespace tidemark {
@@ -20,6 +21,7 @@ std::string ProgramFile() {
 Application WindowsApplication(const SingleInstance& instance) {
   Application application = ApplicationOf(ProgramFile());
   application.previous_instance = instance.AnotherIsRunning();
+  application.elevated = IsElevated();
   MakeProgramFolder(application.folder);
   return application;
 }

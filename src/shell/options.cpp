@@ -1,7 +1,10 @@
 #include "shell/options.h"
 
+#include <array>
+#include <cstdio>
 #include <string>
 
+#include "platform/logon_task.h"
 #include "platform/winapi.h"
 #include "registry/mdlRegistry.h"
 #include "registry/stored_settings.h"
@@ -10,6 +13,7 @@ namespace tidemark {
 namespace {
 
 constexpr const char* kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run\\";
+constexpr const char* kSwitch = "/m";  // nothing reads it
 
 void EnableButtons(frmMain& window, bool enabled) {
   window.cmdOptApply.SetEnabled(enabled);
@@ -21,6 +25,16 @@ void EnableSchedules(frmMain& window) {
   for (int index = 0; index < window.optSchedule.Count(); ++index) {
     window.optSchedule(index).SetEnabled(enabled);
   }
+}
+
+std::string ProgramFile(const Application& program) {
+  return program.folder + "\\" + program.executable + ".exe";
+}
+
+std::string Code(HRESULT status) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "0x%08X", static_cast<unsigned>(status));
+  return text.data();
 }
 
 // Empty when none is chosen.
@@ -35,7 +49,10 @@ std::string ChosenSchedule(frmMain& window) {
 
 void LoadOptions(frmMain& window) {
   TakeNumber(window.chkStartup, Setting("Startup", "1"));
-  if (window.chkStartup.Value() == 1) SetStartupEntry(window, true);
+  if (window.chkStartup.Value() == 1) {
+    SetStartupEntry(window, true);
+    if (!window.LogonTaskTried) SetLogonTask(window, true);
+  }
   TakeNumber(window.chkSystray, Setting("ShowinSystray", "0"));
   TakeNumber(window.chkScheduler, Setting("Scheduler", "0"));
   int schedule = -1;
@@ -54,10 +71,27 @@ void SetStartupEntry(const frmMain& window, bool start) {
     DeleteRegValue(HKEY_CURRENT_USER, kRunKey, name);
     return;
   }
-  // Nothing reads the "/m".
-  const std::string command = program.folder + "\\" + program.executable + ".exe /m";
+  const std::string command = ProgramFile(program) + ' ' + kSwitch;
   DWORD disposition = 0;
   WriteRegValue(HKEY_CURRENT_USER, kRunKey, name, command, REG_SZ, disposition);
+}
+
+// A program that has lost its elevation may still have a task, so removing is always tried.
+void SetLogonTask(frmMain& window, bool start) {
+  HRESULT status = S_OK;
+  if (!start) {
+    status = RemoveLogonTask();
+  } else if (window.application.elevated) {
+    status = RegisterLogonTask({ProgramFile(window.application), kSwitch});
+  }
+  window.LogonTaskTried = true;
+  window.lblStartupNotice.SetVisible(status < 0);
+  window.lblStartupNotice.SetCaption(
+      status >= 0 ? ""
+      : start     ? "Windows may not start Tidemark: the Task Scheduler took no logon task (" +
+                    Code(status) + ")."
+              : "Windows may still start Tidemark: the Task Scheduler kept its logon task (" +
+                    Code(status) + ").");
 }
 
 void chkStartup_Click(frmMain& window) { EnableButtons(window, true); }
@@ -72,6 +106,7 @@ void chkScheduler_Click(frmMain& window) {
 void cmdOptApply_Click(frmMain& window) {
   SaveSetting("Startup", std::to_string(window.chkStartup.Value()));
   SetStartupEntry(window, window.chkStartup.Value() != 0);
+  SetLogonTask(window, window.chkStartup.Value() != 0);
   SaveSetting("ShowinSystray", std::to_string(window.chkSystray.Value()));
   SaveSetting("Scheduler", std::to_string(window.chkScheduler.Value()));
   SaveSetting("SchedulerType", ChosenSchedule(window));

@@ -18,6 +18,7 @@ struct Application {
   // leads there is seen.
   std::string web_address = kWebAddress;
   bool previous_instance = false;  // another Tidemark was running when this one started
+  bool elevated = false;           // it has an administrator's rights in full
 };
 
 // Folder and executable of the running program's file, a full path. A person may have renamed it.

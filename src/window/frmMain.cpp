@@ -149,6 +149,7 @@ void DesignOptions(frmMain& window) {
   window.lblStartupTitle.SetCaption("Start-up");
   window.chkStartup.SetCaption("Start Tidemark when &Windows starts");
   window.chkSystray.SetCaption("Show in the system &tray only when it starts");
+  window.lblStartupNotice.SetVisible(false);
   window.lblSchedulerTitle.SetCaption("Schedule");
   window.chkScheduler.SetCaption("A&uto Scan && Fix");
   constexpr std::array kSchedules = {"Every &30 minutes", "Every Hou&r", "Once a &Day",

@@ -115,6 +115,7 @@ struct frmMain {
   Label lblStartupTitle{&picAdvOptions(0), "lblStartupTitle"};
   CheckBox chkStartup{&picAdvOptions(0), "chkStartup"};
   CheckBox chkSystray{&picAdvOptions(0), "chkSystray"};
+  Label lblStartupNotice{&picAdvOptions(0), "lblStartupNotice"};  // shown when there is one
   Label lblSchedulerTitle{&picAdvOptions(0), "lblSchedulerTitle"};
   CheckBox chkScheduler{&picAdvOptions(0), "chkScheduler"};
   ControlGroup<OptionButton> optSchedule{"optSchedule"};  // 0 to 3
@@ -186,7 +187,8 @@ struct frmMain {
     SYSTEMTIME moment{};
   } OwnRun;
   std::string OutstandingErrors;
-  int ShowinSystray = 0;  // 1: the window starts hidden
+  int ShowinSystray = 0;        // 1: the window starts hidden
+  bool LogonTaskTried = false;  // the logon task was registered, or refused, since the start
   TrayIcon TrayData;
   bool AutoRunActive = false;  // a scheduled run is under way; nothing reads it
 

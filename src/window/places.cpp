@@ -92,6 +92,7 @@ void PlaceTabs(frmMain& window) {
   Place({{window.lblStartupTitle, {450, 300, 6000, 300}},
          {window.chkStartup, {450, 750, 6000, 285}},
          {window.chkSystray, {450, 1125, 6000, 285}},
+         {window.lblStartupNotice, {450, 1455, 9600, 270}},
          {window.lblSchedulerTitle, {450, 1800, 6000, 300}},
          {window.chkScheduler, {450, 2250, 6000, 285}},
          {window.optSchedule(0), {750, 2625, 2700, 285}},

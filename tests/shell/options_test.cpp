@@ -56,6 +56,39 @@ TEST(Options, ARenamedProgramIsStartedByItsName) {
   }
 }
 
+TEST(Options, AnAdministratorsTaskFollowsTheOption) {
+  WindowPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "the tasks would be real ones on this ground";
+  const Label& notice = on.window.lblStartupNotice;
+  const auto shown = [&] { return notice.Visible() ? notice.Caption().String() : "nothing"; };
+  LoadOptions(on.window);
+  EXPECT_EQ(on.pc.RegisteredLogonTask(), "") << "the process is not elevated";
+
+  on.window.application.elevated = true;
+  on.window.LogonTaskTried = false;
+  on.pc.RefuseLogonTasks(-0x7FFBECEB);
+  LoadOptions(on.window);
+  EXPECT_EQ(shown(),
+            "Windows may not start Tidemark: the Task Scheduler took no logon task (0x80041315).");
+  on.pc.RefuseLogonTasks(S_OK);
+  LoadOptions(on.window);
+  EXPECT_EQ(on.pc.RegisteredLogonTask(), "") << "once is enough";
+  cmdOptApply_Click(on.window);
+  EXPECT_EQ(on.pc.RegisteredLogonTask(), on.pc.program_folder() + "\\tidemark.exe|/m");
+  EXPECT_EQ(shown(), "nothing");
+
+  on.window.application.elevated = false;
+  on.window.chkStartup.Click();
+  on.pc.RefuseLogonTasks(-0x7FF8FFFB);
+  cmdOptApply_Click(on.window);
+  EXPECT_EQ(
+      shown(),
+      "Windows may still start Tidemark: the Task Scheduler kept its logon task (0x80070005).");
+  on.pc.RefuseLogonTasks(S_OK);
+  cmdOptApply_Click(on.window);
+  EXPECT_EQ(on.pc.RegisteredLogonTask(), "");
+}
+
 TEST(Options, StoredTextsThatAreNoOptionDoAsLittleHarmAsTheyCan) {
   struct Case {
     const char *startup, *systray, *scheduler, *type;

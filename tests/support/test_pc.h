@@ -85,6 +85,10 @@ class TestPc {
   void SlowEditor(unsigned milliseconds, unsigned start_up_ms = 1);
   // The user's locale, in the platform's pictures: "M/d/yyyy" and "h:mm:ss tt".
   void SetLocale(const std::string& short_date, const std::string& long_time);
+  // What the Task Scheduler answers; below 0 it does nothing.
+  void RefuseLogonTasks(HRESULT status);
+  // "file|arguments" of this user's logon task; empty when there is none.
+  std::string RegisteredLogonTask();
   // What the shell was asked to open, "verb|file|parameters|folder|show mode".
   std::vector<std::string> OpenedByShell();
 

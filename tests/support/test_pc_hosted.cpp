@@ -8,6 +8,7 @@
 #include "platform/hosted/clock.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/logon_tasks.h"
 #include "platform/hosted/pc_settings.h"
 #include "platform/hosted/recycle_bin.h"
 #include "platform/hosted/registry_editor.h"
@@ -47,6 +48,7 @@ TestPc::TestPc(Registry) : ground_(std::make_unique<Ground>()) {
   folder_ = "C:\\tm-" + unique;
   live_key_ = "Software\\TidemarkTest-" + unique;
   hosted::ForgetOpenedByShell();
+  hosted::TheLogonTasks() = {};
   SetTime({2006, 11, 6, 4, 13, 5, 9, 0});
   MakeFolder(program_folder() + "\\backup");
   ground_->pc.files().SetCurrentFolder(program_folder());
@@ -96,6 +98,11 @@ std::vector<std::string> TestPc::OpenedByShell() {
                      request.folder + '|' + std::to_string(request.show));
   }
   return opened;
+}
+void TestPc::RefuseLogonTasks(HRESULT status) { hosted::TheLogonTasks().status = status; }
+std::string TestPc::RegisteredLogonTask() {
+  const std::optional<LogonTask>& task = hosted::TheLogonTasks().task;
+  return task ? task->file + '|' + task->arguments : std::string();
 }
 void TestPc::SetDrive(char letter, const std::string& description) {
   hosted::PcDrive& drive = ground_->pc.settings().drives[letter];

@@ -139,6 +139,8 @@ std::vector<std::string> TestPc::Recycled() { return {}; }
 void TestPc::RestoreRecycled() {}
 void TestPc::SlowEditor(unsigned, unsigned) {}
 void TestPc::SetLocale(const std::string&, const std::string&) {}
+void TestPc::RefuseLogonTasks(HRESULT) {}
+std::string TestPc::RegisteredLogonTask() { return {}; }
 std::vector<std::string> TestPc::OpenedByShell() { return {}; }
 
 }  // namespace tidemark
