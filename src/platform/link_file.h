@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace tidemark::hosted {
+namespace tidemark {
 
 // Texts are UTF-8 here, whatever their width in the file.
 struct LinkFile {
@@ -17,9 +17,10 @@ struct LinkFile {
   std::uint16_t hot_key = 0;
   bool advertised = false;  // its target is an installer's feature, not a path
 
-  std::string item_list_path;    // what the item list says, if it is all drive and file items
+  // What the item list says, if it is a drive or a place of the network with files behind it.
+  std::string item_list_path;
   std::string local_path;        // link info: base path and suffix
-  std::string network_path;      // link info: share, or the drive it was connected as, and suffix
+  std::string network_path;      // link info: share and suffix, or the drive it was connected as
   std::string environment_path;  // an extra block: a path with variables
 
   std::string description;
@@ -33,8 +34,9 @@ struct LinkFile {
 // that point outside leave their field empty.
 std::optional<LinkFile> ParseLinkFile(std::string_view bytes);
 
-// The same link with 16-bit string data, its target in the link info: local_path or, where that is
-// empty, network_path; no item list and no extra blocks.
-std::string FormatLinkFile(const LinkFile& link);
+// The path that such a link leads to, for this user: the first of those that it has, in the order
+// of the fields; a relative one starts where `file` stands. Empty when it has none, and for an
+// advertised link.
+std::string TargetOf(const LinkFile& link, const std::string& file);
 
-}  // namespace tidemark::hosted
+}  // namespace tidemark

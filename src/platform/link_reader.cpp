@@ -3,11 +3,11 @@
 #include <bit>
 
 #include "platform/code_page.h"
-#include "platform/hosted/link_file.h"
+#include "platform/link_file.h"
 #include "platform/link_format.h"
 #include "platform/unicode.h"
 
-namespace tidemark::hosted {
+namespace tidemark {
 namespace {
 
 // A PC whose code page is UTF-8 writes its 8-bit texts so.
@@ -32,13 +32,13 @@ std::string WideTextAt(const Bytes& bytes, std::size_t offset) {
   return Utf8FromUtf16(rest.substr(0, end));
 }
 
-// A 16-bit or a 32-bit text of link info: the wide one, where the header has room for one, wins.
+// The 16-bit text of link info, where its header has room for one and it is inside, else the 8-bit
+// one.
 std::string EitherText(const Bytes& info, std::size_t narrow_field, std::size_t wide_field) {
   constexpr std::uint32_t kHeaderWithWideTexts = 0x24;
-  if (info.Long(4) >= kHeaderWithWideTexts) {
-    if (std::string wide = WideTextAt(info, info.Long(wide_field)); !wide.empty()) return wide;
-  }
-  return TextAt(info, info.Long(narrow_field));
+  const std::uint32_t wide = info.Long(4) >= kHeaderWithWideTexts ? info.Long(wide_field) : 0;
+  return wide != 0 && info.Has(wide, 2) ? WideTextAt(info, wide)
+                                        : TextAt(info, info.Long(narrow_field));
 }
 
 std::string Joined(std::string folder, const std::string& suffix) {
@@ -63,9 +63,8 @@ void ReadLinkInfo(const Bytes& info, LinkFile& link) {
     if (record.Long(0x08) > kNetNameOfWideRecord) share = WideTextAt(record, record.Long(0x14));
     if (share.empty()) share = TextAt(record, record.Long(0x08));
     constexpr std::uint32_t kHasDevice = 1;
-    if (std::string device = TextAt(record, record.Long(0x0C));
-        (record.Long(0x04) & kHasDevice) != 0 && !device.empty()) {
-      share = std::move(device);
+    if (share.empty() && (record.Long(0x04) & kHasDevice) != 0) {
+      share = TextAt(record, record.Long(0x0C));
     }
     link.network_path = Joined(std::move(share), suffix);
   }
@@ -88,37 +87,47 @@ std::size_t LongNameOffset(std::uint16_t version) {
   }
 }
 
-// Empty when only a short name made for other systems ("PROGRA~1") can be had: it names nothing on
-// a drive that keeps none.
+// Empty when there is a long name that can't be read, and the short one ("PROGRA~1") is made of it.
 std::string FileItemName(const Bytes& item) {
   constexpr std::size_t kName = 0x0E;
   constexpr unsigned kWideName = 0x04;
   constexpr std::uint32_t kFileBlock = 0xBEEF0004;
   const Bytes tail = item.Part(item.size() - 2, 2);
   const Bytes block = item.Part(tail.Word(0), item.Word(tail.Word(0)));
-  if (tail.Word(0) > kName && block.Long(4) == kFileBlock) {
+  const bool has_block = tail.Word(0) > kName && block.Long(4) == kFileBlock;
+  if (has_block) {
     if (std::string name = WideTextAt(block, LongNameOffset(block.Word(2))); !name.empty()) {
       return name;
     }
   }
   std::string name =
       (item.Word(2) & kWideName) != 0 ? WideTextAt(item, kName) : TextAt(item, kName);
-  return name.find('~') == std::string::npos ? name : std::string();
+  return has_block && name.find('~') != std::string::npos ? std::string() : name;
 }
 
-// The items that make a path: a drive, then folders and files. Any other item makes the list one
-// that only the shell's own folders understand.
+// The items that make a path: a drive or a share, then folders and files. Any other item makes the
+// list one that only the shell's own folders understand.
 std::string ItemListPath(const Bytes& list) {
   constexpr unsigned kKind = 0x70;
   constexpr unsigned kComputer = 0x10;
   constexpr unsigned kDrive = 0x20;
   constexpr unsigned kFile = 0x30;
+  constexpr unsigned kNetwork = 0x40;
   constexpr std::size_t kDriveSize = 3;
   std::string path;
+  bool in_network = true;  // still: no drive and no file has come
   for (std::size_t offset = 0; list.Word(offset) >= 3; offset += list.Word(offset)) {
     const Bytes item = list.Part(offset, list.Word(offset));
     const unsigned kind = item.Word(2) & kKind;
     if (kind == kComputer && path.empty()) continue;
+    if (kind == kNetwork && in_network) {
+      // From the whole network to a share, each with its whole path; only servers and shares have
+      // one.
+      constexpr std::size_t kLocation = 5;
+      if (std::string place = TextAt(item, kLocation); place.starts_with("\\\\")) path = place;
+      continue;
+    }
+    in_network = false;
     std::string name;
     if (kind == kDrive && path.empty()) {
       name = TextAt(item, 3).substr(0, kDriveSize);
@@ -221,4 +230,4 @@ class Reader {
 
 std::optional<LinkFile> ParseLinkFile(std::string_view bytes) { return Reader(bytes).Read(); }
 
-}  // namespace tidemark::hosted
+}  // namespace tidemark

@@ -22,6 +22,11 @@ constexpr bool ContinuesCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
+// Whether the text holds U+FFFD, the mark of a character that was lost on the way.
+inline bool HasReplacementCharacter(std::string_view text) {
+  return text.find("\xEF\xBF\xBD") != std::string_view::npos;
+}
+
 // A surrogate and a number beyond U+10FFFF become U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
 

@@ -228,6 +228,7 @@ BOOL DeleteFileA(LPCSTR path);
 BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL RemoveDirectoryA(LPCSTR path);
+DWORD GetFullPathNameA(LPCSTR path, DWORD size, LPSTR full, LPSTR* name);
 
 // Whether a name fits one of several patterns with ";" between them (shlwapi.h).
 BOOL PathMatchSpecA(LPCSTR name, LPCSTR pattern);

@@ -8,6 +8,7 @@
 #include "platform/file_system_object.h"
 #include "platform/folder_search.h"
 #include "platform/letter_case.h"
+#include "platform/unicode.h"
 #include "window/findings.h"
 #include "window/run.h"
 
@@ -79,8 +80,9 @@ void ScanShortCut(frmMain& window, std::string& folder) {
 void CheckShortCut(frmMain& window, const std::string& link_file) {
   Shortcut link;
   ReadShortcut(link_file, link);
-  // One look answers what IsExistingFolder and IsExistingFile would: neither says yes.
-  if (!link.target.empty() &&
+  // One look answers what IsExistingFolder and IsExistingFile would: neither says yes. A target
+  // that did not come through whole is no target that is gone.
+  if (!link.target.empty() && !HasReplacementCharacter(link.target) &&
       FileSystemObject().KindOf(link.target) == FileSystemObject::Kind::kMissing) {
     AddshtoList(window, link_file, link.target, link.name, link.arguments);
   }

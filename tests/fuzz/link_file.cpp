@@ -1,14 +1,16 @@
 // Link files: what is read can be written, and reads the same again.
-#include "platform/hosted/link_file.h"
+#include "platform/link_file.h"
 
 #include <cstdint>
 #include <string_view>
 
+#include "platform/hosted/link_writer.h"
 #include "tests/fuzz/fuzz_pc.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using tidemark::ParseLinkFile;
   using tidemark::fuzz::Require;
-  using namespace tidemark::hosted;
+  using tidemark::hosted::FormatLinkFile;
   const auto link = ParseLinkFile({reinterpret_cast<const char*>(data), size});
   if (!link) return 0;
   const auto again = ParseLinkFile(FormatLinkFile(*link));

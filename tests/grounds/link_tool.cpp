@@ -13,7 +13,6 @@ namespace {
 struct Case {
   const char* file;
   NewShortcut link;
-  bool wine_reads_it = true;
 };
 
 const std::vector<Case>& Cases() {
@@ -33,11 +32,9 @@ const std::vector<Case>& Cases() {
         .icon_index = -9}},
       {"arguments alone", {.target = "C:\\windows", .arguments = std::string(900, 'a')}},
       {"nothing", {}},
-      // It takes the paths of a link from the local 8-bit text alone, and that as its own code
-      // page.
-      {"share", {.target = "\\\\host\\share\\folder\\a.exe"}, false},
-      {"share root", {.target = "\\\\host\\share"}, false},
-      {"dr\xC3\xA4nage", {.target = "C:\\Gone \xC3\xA4\\\xC3\xB6.exe"}, false},
+      {"share", {.target = "\\\\host\\share\\folder\\a.exe"}},
+      {"share root", {.target = "\\\\host\\share"}},
+      {"dr\xC3\xA4nage", {.target = "C:\\Gone \xC3\xA4\\\xC3\xB6.exe"}},
   };
   return kCases;
 }
@@ -60,10 +57,9 @@ std::string FieldsOf(const LinkFields& link, const std::string& hot_key) {
          link.working_directory + '|' + link.icon_file + '|' + std::to_string(link.icon_index);
 }
 
-int Check(const std::string& folder, bool all) {
+int Check(const std::string& folder) {
   int failures = 0;
   for (const Case& one : Cases()) {
-    if (!all && !one.wine_reads_it) continue;
     LinkFields read;
     const LinkStatus status = ReadLinkFile(folder + "\\" + one.file + ".lnk", read);
     const LinkFields wanted{.target = one.link.target,
@@ -85,10 +81,8 @@ int Check(const std::string& folder, bool all) {
 
 int RunLinkTool(const std::vector<std::string>& arguments) {
   if (arguments.size() == 2 && arguments[0] == "write") return Write(arguments[1]) != 0 ? 1 : 0;
-  if (arguments.size() == 2 && arguments[0].starts_with("check")) {
-    return Check(arguments[1], arguments[0] == "check") != 0 ? 1 : 0;
-  }
-  std::puts("link_tool: write FOLDER | check FOLDER | check-common FOLDER");
+  if (arguments.size() == 2 && arguments[0] == "check") return Check(arguments[1]) != 0 ? 1 : 0;
+  std::puts("link_tool: write FOLDER | check FOLDER");
   return 2;
 }
 

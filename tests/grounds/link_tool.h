@@ -7,8 +7,7 @@
 namespace tidemark {
 
 // "write FOLDER" makes a link of each case in a folder of the PC; "check FOLDER" reads them back
-// and prints each field that is not as it was written; "check-common FOLDER" passes over the cases
-// that Wine's shell does not read as others write them. 0 when all went well.
+// and prints each field that is not as it was written. 0 when all went well.
 int RunLinkTool(const std::vector<std::string>& arguments);
 
 }  // namespace tidemark

@@ -1,4 +1,4 @@
-#include "platform/hosted/link_file.h"
+#include "platform/link_file.h"
 
 #include <gtest/gtest.h>
 
@@ -7,16 +7,13 @@
 
 #include "helpers/link_template.h"
 #include "platform/link_format.h"
-#include "platform/shell_link.h"
 #include "tests/support/link_bytes.h"
 #include "tests/support/test_pc.h"
 
-namespace tidemark::hosted {
+namespace tidemark {
 namespace {
 
 using namespace link_bytes;
-
-const std::string kLink = "\\Menu\\Sub\\x.lnk";
 
 std::string WholePath(const std::string& name, const std::string& long_name = {},
                       std::size_t version = 3) {
@@ -39,7 +36,19 @@ TEST(LinkFile, TheTargetIsFoundWhereverTheLinkHoldsIt) {
        "C:\\lo ng.exe"},
       {"of a new one", Header(both) + WholePath("LO~1.EXE", "lo ng.exe", 9) + local,
        "C:\\lo ng.exe"},
-      {"a short name alone", Header(both) + WholePath("LO~1.EXE") + local, "C:\\Apps\\a.exe"},
+      {"a short name alone", Header(both) + WholePath("LO~1.EXE") + local, "C:\\LO~1.EXE"},
+      {"one of a long name that can't be read",
+       Header(both) + WholePath("LO~1.EXE", "lo ng.exe", 4) + local, "C:\\Apps\\a.exe"},
+      {"a place of the network",
+       Header(both) +
+           ItemList({RootItem(), NetworkItem('\x47', "Entire Network"),
+                     NetworkItem('\x42', "\\\\host"), NetworkItem('\xC3', "\\\\host\\share"),
+                     FileItem("d"), FileItem("a.exe")}) +
+           local,
+       "\\\\host\\share\\d\\a.exe"},
+      {"a network without a place",
+       Header(both) + ItemList({RootItem(), NetworkItem('\x47', "All"), FileItem("d")}) + local,
+       "C:\\Apps\\a.exe"},
       {"a drive by its class",
        Header(both) + ItemList({'\x2E' + std::string(17, '\x20'), FileItem("b.exe")}) + local,
        "C:\\Apps\\a.exe"},
@@ -50,11 +59,13 @@ TEST(LinkFile, TheTargetIsFoundWhereverTheLinkHoldsIt) {
        "C:\\\xC3\xA4"},
       {"16-bit texts before 8-bit ones",
        Header(kHasLinkInfo) + LinkInfo("C:\\???.exe", "", "", "C:\\wide.exe"), "C:\\wide.exe"},
+      {"an empty 16-bit suffix before another 8-bit one",
+       Header(kHasLinkInfo) + LinkInfo("C:\\a", "", "b.exe", "C:\\wide.exe"), "C:\\wide.exe"},
       {"a share", Header(kHasLinkInfo) + LinkInfo("", "\\\\host\\share", "d\\a.exe"),
        "\\\\host\\share\\d\\a.exe"},
       {"a share that was a drive",
        Header(kHasLinkInfo) + LinkInfo("", "\\\\host\\share", "d\\a.exe", "", "Z:"),
-       "Z:\\d\\a.exe"},
+       "\\\\host\\share\\d\\a.exe"},
       {"link info that is not to be read",
        Header(kHasLinkInfo | kForceNoLinkInfo | kHasRelativePath) + local + String8(".\\r.exe"),
        "C:\\Menu\\Sub\\r.exe"},
@@ -75,10 +86,9 @@ TEST(LinkFile, TheTargetIsFoundWhereverTheLinkHoldsIt) {
       {"the template", {kLinkTemplate.begin(), kLinkTemplate.end()}, "C:\\boot.ini"},
   };
   for (const Case& test : cases) {
-    pc.MakeFile("C:" + kLink, test.bytes);
-    LinkFields fields;
-    ASSERT_EQ(ReadLinkFile("C:" + kLink, fields), LinkStatus::kDone) << test.what;
-    EXPECT_EQ(fields.target, test.target) << test.what;
+    const auto link = ParseLinkFile(test.bytes);
+    ASSERT_TRUE(link) << test.what;
+    EXPECT_EQ(TargetOf(*link, "C:\\Menu\\Sub\\x.lnk"), test.target) << test.what;
   }
 }
 
@@ -102,4 +112,4 @@ TEST(LinkFile, TextsAreReadInBothWidths) {
 }
 
 }  // namespace
-}  // namespace tidemark::hosted
+}  // namespace tidemark

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "helpers/link_template.h"
+#include "platform/link_format.h"
 #include "tests/support/link_bytes.h"
 #include "tests/support/test_pc.h"
 
@@ -45,6 +46,26 @@ TEST(ShellLink, AChangedLinkReadsBackInEveryField) {
   changed.icon_index = wanted.icon_index;
   ASSERT_EQ(ReadLinkFile(file, fields), LinkStatus::kDone);
   EXPECT_EQ(AllOf(fields), AllOf(changed));
+}
+
+// A shell may read less than this, or by another code page; Wine's does.
+TEST(ShellLink, TheTargetIsWhatTheFileSays) {
+  using namespace link_bytes;
+  TestPc pc;
+  const std::string folder = pc.folder() + "\\Menu";
+  for (const auto& [bytes, target] : {
+           std::pair{Header(kHasLinkInfo) + LinkInfo("C:\\\xE4.exe", "", ""),
+                     std::string("C:\\\xC3\xA4.exe")},
+           {Header(kHasLinkInfo) + LinkInfo("", "\\\\host\\share", "a.exe"),
+            "\\\\host\\share\\a.exe"},
+           {Header(kHasRelativePath) + String8("..\\App\\a.exe"), pc.folder() + "\\App\\a.exe"},
+           {Header(kHasRelativePath | kIsWide) + String16(".\\a.exe"), folder + "\\a.exe"},
+       }) {
+    pc.MakeFile(folder + "\\x.lnk", bytes + Long(0));
+    LinkFields fields;
+    EXPECT_EQ(ReadLinkFile(folder + "\\x.lnk", fields), LinkStatus::kDone) << target;
+    EXPECT_EQ(fields.target, target);
+  }
 }
 
 TEST(ShellLink, WhatIsNoLinkLeavesTheFieldsAlone) {

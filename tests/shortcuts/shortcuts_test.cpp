@@ -9,6 +9,8 @@
 #include "helpers/modShortcut.h"
 #include "helpers/system_helpers.h"
 #include "platform/letter_case.h"
+#include "platform/link_format.h"
+#include "tests/support/link_bytes.h"
 #include "tests/support/special_folders.h"
 #include "tests/support/window_pc.h"
 
@@ -49,6 +51,12 @@ TEST(ShortCuts, ReportsLinksWhoseTargetIsGoneInAllThreePlaces) {
   on.Link(on.common + "Apps\\file.lnk", on.pc.folder() + "\\here.exe");
   on.Link(on.common + "Apps\\folder.lnk", on.pc.folder());
   on.Link(on.common + "Apps\\nothing.lnk", "");
+  on.pc.MakeFile(on.pc.folder() + "\\\xC3\xA4.exe");
+  using namespace link_bytes;
+  on.pc.MakeFile(on.common + "Apps\\8 bits.lnk",
+                 Header(kHasLinkInfo) + LinkInfo(on.pc.folder() + "\\\xE4.exe", "", "") + Long(0));
+  on.pc.MakeFile(on.common + "Apps\\half a character.lnk",
+                 Header(kHasRelativePath | kIsWide) + Word(2) + "x\xD8" + Wide("x") + Long(0));
   on.Link(on.common + "My system volume\\x.lnk", on.gone);
   on.Link(on.common + "System Volume Information\\x.lnk", on.gone);
   on.Link(on.common + "z.lnk", on.gone);

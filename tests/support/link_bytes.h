@@ -46,6 +46,10 @@ inline std::string ItemList(const std::vector<std::string>& items) {
 }
 inline std::string RootItem() { return "\x1F\x50" + std::string(16, '\x20'); }
 inline std::string DriveItem(const std::string& root) { return '\x2F' + root + Zeros(19); }
+// A place of the network: a share (C3), a server (42) or something with no path.
+inline std::string NetworkItem(char type, const std::string& location) {
+  return std::string({type, '\1', '\0'}) + NarrowText(location) + NarrowText("Its provider");
+}
 // A file or a folder by its 8-bit name, and by its long name in a block of that version.
 inline std::string FileItem(const std::string& name, const std::string& long_name = {},
                             std::size_t version = 3) {

@@ -30,6 +30,14 @@ bool IsBeingWritten(HostedPc& pc, LPCSTR path) {
 
 }  // namespace
 
+// A path that can be none has no full one here.
+DWORD GetFullPathNameA(LPCSTR path, DWORD size, LPSTR full, LPSTR*) {
+  const std::string text = Pc().files().FullPath(Text(path));
+  if (text.size() >= size) return static_cast<DWORD>(text.size()) + 1;
+  full[text.copy(full, text.size())] = '\0';
+  return static_cast<DWORD>(text.size());
+}
+
 DWORD GetFileAttributesA(LPCSTR path) {
   DWORD attributes = INVALID_FILE_ATTRIBUTES;
   Answer(Pc().files().GetAttributes(Text(path), attributes));

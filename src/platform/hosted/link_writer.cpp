@@ -1,9 +1,10 @@
 // Writing a shell link file ([MS-SHLLINK], sections 2.1, 2.3 and 2.4).
+#include "platform/hosted/link_writer.h"
+
 #include <algorithm>
 #include <bit>
 
 #include "platform/code_page.h"
-#include "platform/hosted/link_file.h"
 #include "platform/link_format.h"
 #include "platform/unicode.h"
 

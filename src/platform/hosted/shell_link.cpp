@@ -2,8 +2,7 @@
 #include "platform/shell_link.h"
 
 #include "platform/file_system_object.h"
-#include "platform/hosted/link_file.h"
-#include "platform/hosted/pc_path.h"
+#include "platform/hosted/link_writer.h"
 #include "platform/link_names.h"
 #include "platform/winapi.h"
 
@@ -17,38 +16,6 @@ bool IsThere(const std::string& file) {
   return IsFullPath(file) && FileSystemObject().FileExists(file);
 }
 
-std::string FolderOf(const std::string& file) { return file.substr(0, file.find_last_of("\\/")); }
-
-std::string Expanded(const std::string& text) {
-  if (text.empty()) return {};
-  std::string expanded(ExpandEnvironmentStringsA(text.c_str(), nullptr, 0), '\0');
-  ExpandEnvironmentStringsA(text.c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
-  expanded.resize(expanded.find('\0'));
-  return expanded;
-}
-
-// A relative path starts where the link stands.
-std::string FullPath(const std::string& relative_path, const std::string& file) {
-  hosted::PcPath folder;
-  hosted::PcPath path;
-  if (hosted::NormalisePath(FolderOf(file) + '\\', file, folder) != ERROR_SUCCESS ||
-      hosted::NormalisePath(relative_path, folder.text, path) != ERROR_SUCCESS) {
-    return {};
-  }
-  return path.text;
-}
-
-// The first that the link has: the item list, which the shell prefers, then link info, then paths
-// that depend on who reads it and where it stands.
-std::string TargetOf(const hosted::LinkFile& link, const std::string& file) {
-  if (link.advertised) return {};
-  for (const std::string& path : {link.item_list_path, link.local_path, link.network_path}) {
-    if (!path.empty()) return path;
-  }
-  if (!link.environment_path.empty()) return Expanded(link.environment_path);
-  return link.relative_path.empty() ? std::string() : FullPath(link.relative_path, file);
-}
-
 std::int32_t ShownAs(std::int32_t command) {
   return command == kMaximized || command == kMinimized ? command : SW_SHOWNORMAL;
 }
@@ -58,7 +25,7 @@ std::int32_t ShownAs(std::int32_t command) {
 LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
   if (!IsThere(file)) return LinkStatus::kNoItem;
   const auto bytes = FileSystemObject().ReadAll(file);
-  const auto link = bytes ? hosted::ParseLinkFile(*bytes) : std::nullopt;
+  const auto link = bytes ? ParseLinkFile(*bytes) : std::nullopt;
   if (!link) return LinkStatus::kFailed;
   fields.target = TargetOf(*link, file);
   fields.arguments = link->arguments;
@@ -76,9 +43,9 @@ LinkStatus ChangeLinkFile(const std::string& file, const LinkFields& fields) {
   if (!IsThere(file)) return LinkStatus::kNoItem;
   FileSystemObject files;
   const auto bytes = files.ReadAll(file);
-  const auto old = bytes ? hosted::ParseLinkFile(*bytes) : std::nullopt;
+  const auto old = bytes ? ParseLinkFile(*bytes) : std::nullopt;
   if (!old) return LinkStatus::kFailed;
-  hosted::LinkFile link;
+  LinkFile link;
   link.header_middle = old->header_middle;
   const bool is_network = fields.target.starts_with("\\\\");
   (is_network ? link.network_path : link.local_path) = fields.target;

@@ -7,8 +7,10 @@
 #include <utility>
 
 #include "platform/file_system_object.h"
+#include "platform/link_file.h"
 #include "platform/link_names.h"
 #include "platform/link_soundness.h"
+#include "platform/unicode.h"
 #include "platform/winapi.h"
 #include "platform/windows/com.h"
 #include "platform/windows/wide_text.h"
@@ -90,28 +92,27 @@ std::string PathOf(IShellLinkW& link) {
       TextOf([&](wchar_t* text, int size) { return link.GetPath(text, size, nullptr, 0); }));
 }
 
-std::string TargetOf(IShellLinkW& link, const std::string& file) {
-  const DWORD flags = FlagsOf(link);
+// What the shell says or, where it does not tell, what the file does: Wine's knows neither relative
+// paths nor shares, and takes 8-bit texts as the process's code page, which is UTF-8.
+std::string TargetOf(IShellLinkW& link, const std::string& bytes, const std::string& file) {
   // For an advertised link of an installer, which has no path, the shell makes one up.
-  if ((flags & SLDF_HAS_DARWINID) != 0) return {};
+  if ((FlagsOf(link) & SLDF_HAS_DARWINID) != 0) return {};
   std::string target = PathOf(link);
-  if (!target.empty() || (flags & SLDF_HAS_RELPATH) == 0) return target;
-  // A relative path starts where the link stands, so the shell has to know the file.
-  const ComPointer<IShellLinkW> placed = LinkMaker::Make();
-  const auto persist = placed ? As<IPersistFile>(*placed, IID_IPersistFile) : nullptr;
-  if (!persist || FAILED(persist->Load(Wide(file).c_str(), STGM_READ))) return {};
-  return PathOf(*placed);
+  if (!target.empty() && !HasReplacementCharacter(target)) return target;
+  const auto read = ParseLinkFile(bytes);
+  return read ? TargetOf(*read, file) : target;
 }
 
-// Reads a link that there is; null, and the status, for any other file.
-ComPointer<IShellLinkW> Open(const std::string& file, LinkStatus& status) {
-  const auto bytes = IsFullPath(file) ? FileSystemObject().ReadAll(file) : std::nullopt;
-  if (!bytes) {
+// Reads a link that there is, and its bytes; null, and the status, for any other file.
+ComPointer<IShellLinkW> Open(const std::string& file, std::string& bytes, LinkStatus& status) {
+  const auto read = IsFullPath(file) ? FileSystemObject().ReadAll(file) : std::nullopt;
+  bytes = read.value_or(std::string());
+  if (!read) {
     const bool is_there = IsFullPath(file) && FileSystemObject().FileExists(file);
     status = is_there ? LinkStatus::kFailed : LinkStatus::kNoItem;
     return {};
   }
-  ComPointer<IShellLinkW> link = IsSoundLinkFile(*bytes) ? Load(*bytes) : nullptr;
+  ComPointer<IShellLinkW> link = IsSoundLinkFile(bytes) ? Load(bytes) : nullptr;
   status = link ? LinkStatus::kDone : LinkStatus::kFailed;
   return link;
 }
@@ -120,12 +121,13 @@ ComPointer<IShellLinkW> Open(const std::string& file, LinkStatus& status) {
 
 LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
   LinkStatus status;
-  const ComPointer<IShellLinkW> opened = Open(file, status);
+  std::string bytes;
+  const ComPointer<IShellLinkW> opened = Open(file, bytes, status);
   if (!opened) return status;
   IShellLinkW& link = *opened;
   LinkFields read;
   read.name = LinkNameOf(file);
-  read.target = TargetOf(link, file);
+  read.target = TargetOf(link, bytes, file);
   read.arguments =
       Narrow(TextOf([&](wchar_t* text, int size) { return link.GetArguments(text, size); }));
   read.description =
@@ -143,7 +145,8 @@ LinkStatus ReadLinkFile(const std::string& file, LinkFields& fields) {
 
 LinkStatus ChangeLinkFile(const std::string& file, const LinkFields& fields) {
   LinkStatus status;
-  const ComPointer<IShellLinkW> old = Open(file, status);
+  std::string bytes;
+  const ComPointer<IShellLinkW> old = Open(file, bytes, status);
   if (!old) return status;
   // All fields are set, so a new link takes the old one's place: of a loaded one Wine writes the
   // relative path without a word in the header, and all texts behind it are then read wrong.
