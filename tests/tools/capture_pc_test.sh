@@ -57,6 +57,7 @@ expect "names that differ in case are one" "$(tree pc/drives)" "./C
 ./C/Program Files/Tidemark
 ./C/Program Files/Tidemark/backup
 ./C/Program Files/Tidemark/images
+./C/Program Files/Tidemark/tidemark.exe
 ./C/WINNT
 ./C/WINNT/GRÖSSE 1
 ./C/WINNT/GRÖSSE 1/c.txt
