@@ -87,6 +87,8 @@ ScriptReader::Line ScriptReader::ReadLine() {
       value_ = &values_.Read();
       return Line::kValue;
     case ';':
+      if (tells_comments_) return ReadComment();
+      [[fallthrough]];
     case '\r':
     case '\n':
       cursor_.SkipLine();
@@ -97,6 +99,13 @@ ScriptReader::Line ScriptReader::ReadLine() {
     default:
       throw ScriptFault{"neither a key nor a value"};
   }
+}
+
+ScriptReader::Line ScriptReader::ReadComment() {
+  comment_ = cursor_.RestOfLine().substr(1);
+  while (comment_.starts_with(' ')) comment_.remove_prefix(1);
+  cursor_.SkipLine();
+  return Line::kComment;
 }
 
 ScriptReader::Line ScriptReader::ReadKeyLine() {

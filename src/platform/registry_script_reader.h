@@ -19,12 +19,15 @@ std::string DecodeScript(std::string_view bytes, ScriptManner manner);
 // Reads a script that has been brought to UTF-8, which is kept by who asks.
 class ScriptReader {
  public:
-  enum class Line { kKey, kRemovedKey, kValue, kEnd };
+  enum class Line { kKey, kRemovedKey, kValue, kComment, kEnd };
 
   // Reads the first line; throws ScriptFault when it is that of no script.
   ScriptReader(std::string_view text, ScriptManner manner);
   ScriptReader(const ScriptReader&) = delete;
   ScriptReader& operator=(const ScriptReader&) = delete;
+
+  // From here on comments that start a line are told too.
+  void TellComments() { tells_comments_ = true; }
 
   // Moves to the next key or value. In the strict manner it throws ScriptFault at what can't be
   // understood, in the lenient one that is passed over.
@@ -34,6 +37,10 @@ class ScriptReader {
   // line that can't be understood, in the lenient manner: what follows belongs to no key.
   std::string_view key() const { return key_; }
   const ScriptValue& value() const { return *value_; }
+  // Without the ";" and the blanks behind it.
+  std::string_view comment() const { return comment_; }
+  // Where the line that was read last begins, in bytes from the start of the text.
+  std::size_t line_start() const { return line_start_; }
 
   // The number of the line that was read last, or that is at fault.
   std::size_t line() const;
@@ -41,12 +48,15 @@ class ScriptReader {
  private:
   Line ReadLine();
   Line ReadKeyLine();
+  Line ReadComment();
 
   ScriptCursor cursor_;
   ScriptManner manner_;
   ScriptValueReader values_;
   std::size_t line_start_ = 0;
   std::string_view key_;
+  std::string_view comment_;
+  bool tells_comments_ = false;
   const ScriptValue* value_ = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/registry_script_writer.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "platform/code_page.h"
@@ -51,6 +52,19 @@ void ScriptWriter::Value(std::string_view name, DWORD type, std::string_view dat
   FlushWhenLong();
 }
 
+void ScriptWriter::StoredValue(std::string_view name, DWORD type, std::string_view bytes) {
+  if (!IsTextType(type)) return Value(name, type, bytes);
+  std::string text;
+  AppendFromUtf16(bytes, text);
+  const bool odd = bytes.size() % 2 != 0;
+  Value(name, type, text, odd ? std::optional<char>(bytes.back()) : std::nullopt);
+}
+
+void ScriptWriter::Comment(std::string_view text) {
+  text_.append("; ").append(text).append("\r\n");
+  FlushWhenLong();
+}
+
 void ScriptWriter::Finish() {
   text_ += "\r\n";
   Flush();
@@ -74,7 +88,9 @@ void ScriptWriter::FlushWhenLong() {
 
 // A text that the quoted form gives back exactly: it has its end, and no other.
 bool ScriptWriter::IsPlainText(std::string_view data) const {
-  return !data.empty() && data.find('\0') == data.size() - 1;
+  if (data.empty() || data.find('\0') != data.size() - 1) return false;
+  const auto is_control = [](char character) { return character > '\0' && character < ' '; };
+  return !only_plain_ || std::none_of(data.begin(), data.end(), is_control);
 }
 
 void ScriptWriter::Quote(std::string_view text) {

@@ -28,6 +28,13 @@ class ScriptWriter {
   void Key(std::string_view full_name);
   void Value(std::string_view name, DWORD type, std::string_view data,
              std::optional<char> odd_byte = {});
+  // The same of data as they are stored: of texts the 16-bit bytes.
+  void StoredValue(std::string_view name, DWORD type, std::string_view bytes);
+  // The text holds no line break.
+  void Comment(std::string_view text);
+  // From here on a text with control characters, which not every editor reads between quotes, is
+  // written as bytes.
+  void QuoteOnlyPlainTexts() { only_plain_ = true; }
   // The line that ends the script.
   void Finish();
   // Hands on what was collected.
@@ -45,6 +52,7 @@ class ScriptWriter {
   ScriptForm form_;
   Sink sink_;
   std::string text_;
+  bool only_plain_ = false;
 };
 
 }  // namespace tidemark

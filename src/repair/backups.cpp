@@ -1,5 +1,7 @@
 #include "repair/backups.h"
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +11,8 @@
 #include "platform/locale_texts.h"
 #include "platform/program_start.h"
 #include "platform/winapi.h"
+#include "registry/record_contents.h"
+#include "repair/complete_restore.h"
 
 namespace tidemark {
 namespace {
@@ -55,6 +59,30 @@ bool Ask(frmMain& window, std::string_view caption, const std::string& message) 
   return stands() && window.MessBoxAnswer != "NO";
 }
 
+bool HasRecord(const std::string& file) {
+  return FileSystemObject().FolderExists(CompleteRecordFolder(file));
+}
+
+void ListFile(frmMain& window, const std::string& name, const std::string& file_name) {
+  ListItem* row = window.LvBackup.Add({}, name);
+  row->SetSmallIcon(kBackupIcon);
+  FileSystemObject::File file;
+  if (FileSystemObject().GetFile(file_name, file)) return;
+  if (const auto changed = file.DateLastModified()) row->SetSubItem(1, DateTimeText(*changed));
+}
+
+// Records whose undo file is not there: of a repair of shortcuts alone, which writes none, and what
+// a restore could not bring back or took the place of.
+void ListRecordsAlone(frmMain& window) {
+  FileSystemObject::Folder records;
+  if (FileSystemObject().GetFolder(BackupFolder(window) + "\\complete", records)) return;
+  for (const std::string& name : records.SubFolders()) {
+    if (!name.starts_with("undo_") || IsExistingFile(BackupFile(window, name))) continue;
+    const std::string script = records.PathOf(name) + "\\registry.reg";
+    ListFile(window, name, IsExistingFile(script) ? script : records.PathOf(name) + "\\files.txt");
+  }
+}
+
 }  // namespace
 
 void Loadbackup(frmMain& window) {
@@ -67,12 +95,9 @@ void Loadbackup(frmMain& window) {
   for (int index = 0; index < window.File1.ListCount(); ++index) {
     window.File1.SetListIndex(index);
     const std::string name = window.File1.List(index);
-    ListItem* row = window.LvBackup.Add({}, name);
-    row->SetSmallIcon(kBackupIcon);
-    FileSystemObject::File file;
-    if (FileSystemObject().GetFile((folder + "\\").append(name), file)) continue;
-    if (const auto changed = file.DateLastModified()) row->SetSubItem(1, DateTimeText(*changed));
+    ListFile(window, name, (folder + "\\").append(name));
   }
+  ListRecordsAlone(window);
 }
 
 void cmdBakupReg_Click(frmMain& window) {
@@ -98,7 +123,10 @@ void cmdRestore_Click(frmMain& window) {
   // The list may be filled anew while the question is up.
   const std::string row_text = row->Caption().String();
   const std::string file = BackupFile(window, row_text);
-  if (IsExistingFile(file)) {
+  std::optional<CompleteRestore> restore;
+  std::unique_ptr<StartedProgram> editor;
+  const bool has_file = IsExistingFile(file);
+  if (has_file || HasRecord(file)) {
     if (!Ask(window, "Tidemark - Restore Backup File?",
              "Are you sure you would like to restore your registry using the backup file:\r\n" +
                  row_text)) {
@@ -106,10 +134,16 @@ void cmdRestore_Click(frmMain& window) {
     }
     // Two blanks behind the switch, on purpose. A restored file is used up; the editor, which is
     // not awaited, competes with its deletion.
-    StartProgram("regedit /s  \"" + file + "\"", WindowStyle::kMinimizedFocus);
+    restore.emplace(file);
+    if (has_file) {
+      editor = StartAndFollow("regedit /s  \"" + file + "\"", WindowStyle::kMinimizedFocus);
+    }
     DeleteFileA(file.c_str());
     Tell(window, "Tidemark - Restore Complete!", "The selected backup file has been restored!");
   }
+  Loadbackup(window);
+  if (!restore || !HasRecord(file)) return;
+  restore->Finish(window, editor.get());
   Loadbackup(window);
 }
 
@@ -121,8 +155,17 @@ void cmdRemove_Click(frmMain& window) {
            "Are you sure you would like to delete the backup file:\r\n" + row_text)) {
     return;
   }
-  DeleteFileA(BackupFile(window, row_text).c_str());
+  const std::string file = BackupFile(window, row_text);
+  DeleteFileA(file.c_str());
+  if (!IsExistingFile(file)) RemoveRecord(CompleteRecordFolder(file));
   Loadbackup(window);
+}
+
+void LvBackup_MouseUp(frmMain& window) {
+  const ListItem* row = window.LvBackup.SelectedItem();
+  if (row == nullptr) return;
+  const std::string file = BackupFile(window, row->Caption().String());
+  window.LvBackup.SetToolTipText(CountsText(CountsOf(ReadRecord(CompleteRecordFolder(file)))));
 }
 
 }  // namespace tidemark

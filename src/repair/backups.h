@@ -7,7 +7,8 @@
 
 namespace tidemark {
 
-// Lists the files of the backup folder, which is made if it is missing.
+// Lists the files of the backup folder, which is made if it is missing, and behind them the
+// complete records that have lost their undo file, or never had one.
 void Loadbackup(frmMain& window);
 
 // Has the whole registry exported to a new file, and tells at once of success.
@@ -17,5 +18,9 @@ void cmdBakupReg_Click(frmMain& window);
 // it. With no row selected nothing happens.
 void cmdRestore_Click(frmMain& window);
 void cmdRemove_Click(frmMain& window);
+
+// What the selected row's complete record holds becomes the list's tool tip; nothing for a file
+// that has none.
+void LvBackup_MouseUp(frmMain& window);
 
 }  // namespace tidemark

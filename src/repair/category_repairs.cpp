@@ -26,6 +26,7 @@ struct Finding {
 struct RepairJob {
   frmMain& window;
   const std::string& undo_file;
+  CompleteRecord& record;
 };
 
 Finding FindingOf(const ListItem& row) {
@@ -40,14 +41,18 @@ bool IsWholeRoot(std::string_view sub_key) {
   return sub_key.find_first_not_of("\\ ") == std::string_view::npos;
 }
 
-bool DeleteKey(std::string_view root_text, const std::string& sub_key) {
-  return !IsWholeRoot(sub_key) &&
-         SHDeleteKeyA(StripHkey(root_text), sub_key.c_str()) == ERROR_SUCCESS;
+bool DeleteKey(const RepairJob& job, std::string_view root_text, const std::string& sub_key) {
+  if (IsWholeRoot(sub_key)) return false;
+  const HKEY root = StripHkey(root_text);
+  job.record.KeepKey(root, sub_key);
+  const bool deleted = SHDeleteKeyA(root, sub_key.c_str()) == ERROR_SUCCESS;
+  job.record.Deleted();
+  return deleted;
 }
 
 void RepairKey(const RepairJob& job, const Finding& finding) {
   SafeRegkey(finding.path, job.window.application.folder, job.undo_file);
-  DeleteKey(finding.path, SplitSubKey(finding.path));
+  DeleteKey(job, finding.path, SplitSubKey(finding.path));
 }
 
 // A key that can't be deleted is not to be reported by the next scan, but a whole root, which every
@@ -55,7 +60,7 @@ void RepairKey(const RepairJob& job, const Finding& finding) {
 void RepairKeyOrSafeList(const RepairJob& job, const Finding& finding, const std::string& key) {
   SafeRegkey(key, job.window.application.folder, job.undo_file);
   const std::string sub_key = SplitSubKey(key);
-  if (!DeleteKey(finding.path, sub_key) && !IsWholeRoot(sub_key)) {
+  if (!DeleteKey(job, finding.path, sub_key) && !IsWholeRoot(sub_key)) {
     AddToSafeList(job.window.IgnoreList, job.window.application.folder, sub_key);
   }
 }
@@ -66,7 +71,11 @@ void RepairAssociation(const RepairJob& job, const Finding& finding) {
 
 void RepairValue(const RepairJob& job, const Finding& finding) {
   SafeReg(finding.path, finding.value_name, finding.data, finding.type, job.undo_file);
-  DeleteRegValue(StripHkey(finding.path), SplitSubKey(finding.path), finding.value_name);
+  const HKEY root = StripHkey(finding.path);
+  const std::string sub_key = SplitSubKey(finding.path);
+  job.record.KeepValue(root, sub_key, finding.value_name);
+  DeleteRegValue(root, sub_key, finding.value_name);
+  job.record.Deleted();
 }
 
 void RepairKeyOrValue(const RepairJob& job, const Finding& finding) {
@@ -93,7 +102,9 @@ void RepairShortcut(const RepairJob& job, const Finding& finding) {
   const std::string name = finding.path.substr(finding.path.rfind('\\') + 1);
   FileSystemObject files;
   files.CopyFile(finding.path, job.window.application.folder + "\\BACKUP\\" + name);
+  job.record.KeepFile(finding.path);
   files.DeleteFile(finding.path, /*force=*/true);
+  job.record.Deleted();
 }
 
 struct CategoryRepair {
@@ -118,10 +129,11 @@ constexpr std::array<CategoryRepair, 12> kRepairs = {{
 
 }  // namespace
 
-bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file) {
+bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file,
+                   CompleteRecord& record) {
   for (const CategoryRepair& category : kRepairs) {
     if (!(finding.SubItem(kTestCode) == category.code)) continue;
-    category.repair({window, undo_file}, FindingOf(finding));
+    category.repair({window, undo_file, record}, FindingOf(finding));
     return true;
   }
   return false;

@@ -3,14 +3,17 @@
 
 #include <string>
 
+#include "registry/complete_record.h"
 #include "toolkit/list_view.h"
 #include "window/frmMain.h"
 
 namespace tidemark {
 
-// Writes the undo record, then deletes what the finding stands for. A failure of either is not
-// told; a deletion that some tests could not make puts the key on the ignore list. False when the
-// finding's test code is none, and then nothing is done.
-bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file);
+// Writes the undo record and keeps all of it in the complete record, then deletes what the finding
+// stands for. A failure of that is not told, and holds nothing up; a deletion that some tests could
+// not make puts the key on the ignore list. False when the finding's test code is none, and then
+// nothing is done.
+bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file,
+                   CompleteRecord& record);
 
 }  // namespace tidemark

@@ -7,6 +7,7 @@
 #include "platform/winapi.h"
 #include "registry/stored_settings.h"
 #include "repair/category_repairs.h"
+#include "repair/complete_restore.h"
 #include "repair/repair.h"
 #include "window/finding_columns.h"
 #include "window/panels.h"
@@ -30,24 +31,54 @@ bool IsSelected(const ListItem& finding) {
   return NumberOf(finding.SubItem(kSelected).View()).value_or(1) == 1;
 }
 
-void RepairRow(frmMain& window, const ListItem& finding, const std::string& undo_file) {
-  if (!IsSelected(finding) || !RepairFinding(window, finding, undo_file)) return;
+// What a run does with its rows.
+struct Repair {
+  explicit Repair(const std::string& the_undo_file)
+      : undo_file(the_undo_file), record(CompleteRecordFolder(undo_file)) {}
+  std::string undo_file;
+  CompleteRecord record;
+  int repaired = 0;
+};
+
+void RepairRow(frmMain& window, const ListItem& finding, Repair& repair) {
+  if (!IsSelected(finding) || !RepairFinding(window, finding, repair.undo_file, repair.record)) {
+    return;
+  }
+  ++repair.repaired;
   if (const DiagnosticTest* test = FindDiagnosticTest(finding.SubItem(kTestCode).View())) {
     --window.SeverityCounts[static_cast<std::size_t>(test->severity)];
   }
 }
 
-void RepairRows(frmMain& window, const std::string& undo_file) {
+void RepairRows(frmMain& window, Repair& repair) {
   const int rows = window.lvInvalidLoc.Count();
   for (int index = 1; index <= rows; ++index) {
     // The list may have been cleared at a yield.
     if (const ListItem* finding = window.lvInvalidLoc.Item(index)) {
-      RepairRow(window, *finding, undo_file);
+      RepairRow(window, *finding, repair);
     }
     window.ProgressBar2.SetValue(index);
     window.front_end.DoEvents();
     if (MustEnd(window)) return;
   }
+}
+
+void TellOnHomePage(frmMain& window, const Repair& repair) {
+  std::string text = "Problems repaired : " + std::to_string(repair.repaired) + ". ";
+  const std::size_t failures = repair.record.failures();
+  if (failures == 0) {
+    text += "All of it can be restored from the Backups page.";
+  } else {
+    text += std::to_string(failures) + " of them could not be recorded whole.";
+  }
+  window.lblRepaired.SetCaption(repair.repaired == 0 ? "" : text);
+}
+
+// Its record is whole when this returns.
+void RunRepair(frmMain& window) {
+  Repair repair(UndoFilePath(window.application.folder));
+  RepairRows(window, repair);
+  TellOnHomePage(window, repair);
 }
 
 // The findings of a scan that overtook the repair are to be looked at and repaired in their turn,
@@ -63,7 +94,6 @@ void LeaveToTheScan(frmMain& window) {
 
 void cmdFix_Click(frmMain& window) {
   const Run run(window);
-  const std::string undo_file = UndoFilePath(window.application.folder);
   window.cmdFix.SetVisible(false);
   window.cmdCancel.SetVisible(false);
   window.cmdStopFix.SetVisible(true);
@@ -71,7 +101,7 @@ void cmdFix_Click(frmMain& window) {
   window.ProgressBar2.SetMax(window.ProblemCount == 0 ? 1 : window.ProblemCount);
 
   window.Animation1.SetPlaying(true);
-  RepairRows(window, undo_file);
+  RunRepair(window);
   window.Animation1.SetPlaying(false);
   if (IsOvertaken(window)) return LeaveToTheScan(window);
 

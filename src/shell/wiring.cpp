@@ -84,6 +84,7 @@ void BindBackups(frmMain& window) {
   window.MakeMessBox.Bind([&window] { MessBox(window); });
   window.cmdBakupReg.Clicked.Bind([&window] { cmdBakupReg_Click(window); });
   window.cmdRestore.Clicked.Bind([&window] { cmdRestore_Click(window); });
+  window.LvBackup.MouseUp.Bind([&window] { LvBackup_MouseUp(window); });
   window.cmdRemove.Clicked.Bind([&window] { cmdRemove_Click(window); });
 }
 

@@ -71,6 +71,7 @@ struct frmMain {
   Label lblTotaltodateCaption{&picWelcome, "lblTotaltodateCaption"};
   Label lblTotaltodate{&picWelcome, "lblTotaltodate"};
   Label lblLastDate{&picWelcome, "lblLastDate"};
+  Label lblRepaired{&picWelcome, "lblRepaired"};  // of the last repair since the start
   CommandButton cmdScanNow{&picWelcome, "cmdScanNow"};
   CommandButton cmdTellaFriend{&picWelcome, "cmdTellaFriend"};
   CommandButton cmdHelp{&picWelcome, "cmdHelp"};
@@ -126,6 +127,7 @@ struct frmMain {
   // Tab 1: backups.
   FileListBox File1{&picAdvOptions(1), "File1"};
   ListView LvBackup{&picAdvOptions(1), "LvBackup"};
+  Label lblRestored{&picAdvOptions(1), "lblRestored"};  // what the last restore came to
   CommandButton cmdBakupReg{&picAdvOptions(1), "cmdBakupReg"};
   CommandButton cmdRestore{&picAdvOptions(1), "cmdRestore"};
   CommandButton cmdRemove{&picAdvOptions(1), "cmdRemove"};

@@ -41,6 +41,7 @@ void PlaceHome(frmMain& window) {
          {window.lblTotaltodateCaption, {4650, 1650, 3600, 285}},
          {window.lblTotaltodate, {8250, 1530, 1800, 480}},
          {window.lblLastDate, {4650, 2400, 5600, 285}},
+         {window.lblRepaired, {4650, 2790, 5600, 570}},
          {window.cmdScanNow, {4650, 3450, 2400, 525}},
          {window.cmdCleanJunk, {7350, 3450, 2400, 525}},
          {window.cmdHelp, {4650, 4575, 1125, 420}},
@@ -103,7 +104,8 @@ void PlaceTabs(frmMain& window) {
          {window.cmdOptCancel, {8715, 4425, 1575, 390}}});
   Place({{window.lblscanmsg(5), {225, 150, 10065, 270}},
          {window.lblscanmsg(6), {225, 435, 10065, 270}},
-         {window.LvBackup, {225, 780, 10065, 3480}},
+         {window.LvBackup, {225, 780, 10065, 3225}},
+         {window.lblRestored, {225, 4080, 10065, 270}},
          {window.cmdBakupReg, {225, 4425, 2175, 390}},
          {window.cmdRestore, {6945, 4425, 1575, 390}},
          {window.cmdRemove, {8715, 4425, 1575, 390}}});

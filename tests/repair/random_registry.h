@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "registry/exact_registry.h"
 #include "tests/support/test_pc.h"
 
 namespace tidemark {
@@ -65,6 +66,19 @@ class RandomRegistry {
       }
     }
   }
+  // Puts names and data of all kinds beside and below what Fill has made.
+  void FillExactly() {
+    for (const Place& place : Places()) {
+      if (Chance(2) == 0) continue;
+      const std::string key = Numbered(place.key);
+      if (!pc_.KeyExists(place.root, key)) continue;
+      FillExactly(place.root, key + "\\Below");
+      FillExactly(place.root, key + "\\" + ExactName());
+      if (place.root != HKEY_CLASSES_ROOT) continue;
+      // The other half holds the same key with other values.
+      FillExactly(HKEY_CURRENT_USER, "Software\\Classes\\" + key + "\\Below");
+    }
+  }
   unsigned Chance(unsigned number) { return static_cast<unsigned>(random_() % number); }
 
  private:
@@ -81,6 +95,25 @@ class RandomRegistry {
     const std::string path = pc_.folder() + Pick({"\\here", "\\gone", "\\Folder\\gone"}) + ".dll";
     return Pick({path, path, path, '"' + path + "\" \"%1\"", path + ",-" + Numbered("#"),
                  path + " \xC3\xA9", path + " \xD0\x96", "%Made%;" + path});
+  }
+  std::string ExactName() {
+    std::string name = Pick({"n", "q\"q", "a]b", "[c", "100%", "%0A", "; d", "\xC3\xA9", "\xD0\x96",
+                             "\xF0\x9F\x98\x80", "\xED\xA0\xBD", "line\r\nbreak", " blank ", "=@"});
+    return name + std::to_string(Chance(3));
+  }
+  void FillExactly(HKEY root, const std::string& path) {
+    ExactKey key;
+    EXPECT_EQ(ExactKey::Create(root, path, key), ERROR_SUCCESS) << path;
+    for (unsigned count = Chance(5); count > 0; --count) {
+      const DWORD type = std::array<DWORD, 10>{0, 1, 1, 2, 3, 4, 6, 7, 11, 0x12345}[Chance(10)];
+      std::string bytes(Chance(3) == 0 ? Chance(100) : Chance(5), '\0');
+      for (char& byte : bytes) byte = static_cast<char>(Chance(2) == 0 ? Chance(128) : Chance(256));
+      key.Write(Chance(8) == 0   ? ""
+                : Chance(3) == 0 ? ExactName() + "\\"
+                                 : ExactName(),
+                {type, bytes});
+    }
+    if (Chance(500) == 0) key.Write("big", {REG_SZ, std::string(1'000'001, 'x')});
   }
   void SetValue(const Place& place, const std::string& key, const std::string& name) {
     if (place.data == Data::kCount) {

@@ -37,6 +37,7 @@ HostedPc::HostedPc(const std::filesystem::path& folder)
       editor_(std::make_unique<RegistryEditor>()) {
   if (current_pc != nullptr) throw std::logic_error("another hosted PC is switched on");
   for (const std::string& key : settings_->denied_keys) registry_->DenyKey(key, KEY_ALL_ACCESS);
+  editor_->SetPresent(settings_->editor_present);
   editor_->SetStartUp(settings_->editor_start_up_ms);
   editor_->SetDuration(settings_->editor_duration_ms);
   editor_->SetEightBit(!settings_->editor_writes_utf16);

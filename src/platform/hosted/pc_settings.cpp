@@ -191,6 +191,9 @@ class Reader {
           key == "duration" ? settings_.editor_duration_ms : settings_.editor_start_up_ms;
       const auto [end, error] = std::from_chars(value.begin(), value.end(), milliseconds);
       if (error != std::errc{} || end != value.end()) return "not a number of milliseconds";
+    } else if (key == "present") {
+      if (value != "yes" && value != "no") return "neither yes nor no";
+      settings_.editor_present = value == "yes";
     } else if (key == "format") {
       if (value != "utf-16" && value != "8-bit") return "neither utf-16 nor 8-bit";
       settings_.editor_writes_utf16 = value == "utf-16";

@@ -65,6 +65,7 @@ struct PcSettings {
   std::vector<std::string> denied_files;
   std::vector<std::pair<std::string, DWORD>> attributes;
 
+  bool editor_present = true;
   std::uint32_t editor_start_up_ms = 1;
   std::uint32_t editor_duration_ms = 2;
   bool editor_writes_utf16 = true;

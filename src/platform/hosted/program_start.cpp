@@ -12,15 +12,33 @@ namespace {
 
 constexpr std::uint32_t kLongestWaitMs = 2000;
 
+class EditorCommand : public StartedProgram {
+ public:
+  explicit EditorCommand(std::uint64_t number) : number_(number) {}
+  bool HasEnded() const override {
+    hosted::RegistryEditor& editor = hosted::HostedPc::Current().editor();
+    editor.CatchUp();
+    return !editor.IsRunning(number_);
+  }
+
+ private:
+  std::uint64_t number_;
+};
+
 }  // namespace
 
-bool StartProgram(const std::string& command_line, WindowStyle /*style*/) {
+bool StartProgram(const std::string& command_line, WindowStyle style) {
+  return StartAndFollow(command_line, style) != nullptr;
+}
+
+std::unique_ptr<StartedProgram> StartAndFollow(const std::string& command_line,
+                                               WindowStyle /*style*/) {
   hosted::HostedPc& pc = hosted::HostedPc::Current();
   pc.editor().CatchUp();
-  if (!pc.editor().Start(command_line)) return false;
+  if (!pc.editor().Start(command_line)) return nullptr;
   pc.clock().Sleep(std::min(pc.editor().StartUp(), kLongestWaitMs));
   pc.editor().CatchUp();
-  return true;
+  return std::make_unique<EditorCommand>(pc.editor().LastStarted());
 }
 
 // No window of a hosted PC has the focus.

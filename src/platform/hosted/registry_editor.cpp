@@ -67,14 +67,17 @@ std::vector<std::string> SplitCommandLine(std::string_view command_line) {
 
 bool RegistryEditor::Start(std::string_view command_line) {
   const std::vector<std::string> arguments = SplitCommandLine(command_line);
-  if (arguments.empty() || !IsEditor(arguments[0])) return false;
+  if (!present_ || arguments.empty() || !IsEditor(arguments[0])) return false;
+  ++last_started_;
   if (arguments.size() < 3) return true;
   const std::uint64_t due_us = NowUs() + std::uint64_t{start_up_ms_} * 1000;
   if (SameName(arguments[1], "/e")) {
     commands_.push_back({true, arguments[2], arguments.size() > 3 ? arguments[3] : "", due_us});
+    commands_.back().number = last_started_;
   } else if (SameName(arguments[1], "/s")) {
     for (std::size_t i = 2; i < arguments.size(); ++i) {
       commands_.push_back({false, arguments[i], "", due_us});
+      commands_.back().number = last_started_;
     }
   }
   return true;
@@ -125,6 +128,11 @@ void RegistryEditor::End(const Command& command) {
   const auto form = eight_bit_ ? ScriptForm::kRegedit4 : ScriptForm::kVersion5;
   HostedPc::Current().files().WriteWhole(command.file,
                                          ExportRegistryText(registry, command.key, form));
+}
+
+bool RegistryEditor::IsRunning(std::uint64_t number) const {
+  return std::any_of(commands_.begin(), commands_.end(),
+                     [number](const Command& command) { return command.number == number; });
 }
 
 bool RegistryEditor::IsWriting(std::string_view path) const {

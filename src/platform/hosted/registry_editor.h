@@ -16,6 +16,12 @@ class RegistryEditor {
   // "regedit.exe" in any case, with or without a folder). Without /e or /s the editor shows its
   // window, where nobody sits, and does nothing.
   bool Start(std::string_view command_line);
+  // Whether the PC has a registry editor at all.
+  void SetPresent(bool present) { present_ = present; }
+
+  // The number of the command line that was taken last, and whether it is still at work.
+  std::uint64_t LastStarted() const { return last_started_; }
+  bool IsRunning(std::uint64_t number) const;
 
   // Does what is due by now. The platform calls make this; a cheap test when nothing is running. An
   // export of a missing key leaves its file alone, and so does one that can't write; any other
@@ -46,6 +52,7 @@ class RegistryEditor {
     std::uint64_t due_us;
     std::string text = {};  // of an import, as it was read
     bool file_open = false;
+    std::uint64_t number = 0;  // of the command line
   };
 
   // False when there is nothing to do.
@@ -58,6 +65,8 @@ class RegistryEditor {
   std::uint32_t start_up_ms_ = 1;
   std::uint32_t duration_ms_ = 2;
   bool eight_bit_ = false;
+  bool present_ = true;
+  std::uint64_t last_started_ = 0;
   bool busy_ = false;  // its own platform calls don't catch up
 };
 

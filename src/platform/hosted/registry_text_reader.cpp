@@ -29,6 +29,7 @@ class ScriptImport {
         return;
       case ScriptReader::Line::kValue:
         return Apply(script.value());
+      case ScriptReader::Line::kComment:
       case ScriptReader::Line::kEnd:
         return;
     }

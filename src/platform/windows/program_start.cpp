@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/unique_handle.h"
@@ -59,9 +61,22 @@ void PressNamed(std::wstring_view name, std::vector<INPUT>& inputs) {
   }
 }
 
+class Process : public StartedProgram {
+ public:
+  explicit Process(UniqueProcessHandle process) : process_(std::move(process)) {}
+  bool HasEnded() const override { return WaitForSingleObject(process_.Get(), 0) != WAIT_TIMEOUT; }
+
+ private:
+  UniqueProcessHandle process_;
+};
+
 }  // namespace
 
 bool StartProgram(const std::string& command_line, WindowStyle style) {
+  return StartAndFollow(command_line, style) != nullptr;
+}
+
+std::unique_ptr<StartedProgram> StartAndFollow(const std::string& command_line, WindowStyle style) {
   STARTUPINFOA start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESHOWWINDOW;
@@ -70,14 +85,14 @@ bool StartProgram(const std::string& command_line, WindowStyle style) {
   std::string line = command_line;  // the platform may write into it
   if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
                      &started) == FALSE) {
-    return false;
+    return nullptr;
   }
-  const UniqueProcessHandle process(started.hProcess);
+  UniqueProcessHandle process(started.hProcess);
   const UniqueProcessHandle thread(started.hThread);
   // Comes back early also when the program ends, and at once for one without windows: it is up
   // then.
   static_cast<void>(WaitForInputIdle(process.Get(), kLongestWaitMs));
-  return true;
+  return std::make_unique<Process>(std::move(process));
 }
 
 void SendKeystrokes(const std::string& keys) {

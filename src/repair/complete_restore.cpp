@@ -1,0 +1,113 @@
+#include "repair/complete_restore.h"
+
+#include <utility>
+
+#include "platform/file_system_object.h"
+#include "platform/registry_script_reader.h"
+#include "platform/winapi.h"
+#include "registry/real_keys.h"
+
+namespace tidemark {
+namespace {
+
+constexpr ULONGLONG kLongestWaitMs = 30'000;
+constexpr DWORD kStepMs = 10;
+
+// Nobody starts what would come between the editor and what is put back behind it.
+class QuietPage {
+ public:
+  explicit QuietPage(frmMain& window) : window_(window) { Enable(false); }
+  ~QuietPage() { Enable(true); }
+  QuietPage(const QuietPage&) = delete;
+  QuietPage& operator=(const QuietPage&) = delete;
+
+ private:
+  void Enable(bool enabled) {
+    for (CommandButton* button : {&window_.cmdRestore, &window_.cmdRemove}) {
+      button->SetEnabled(enabled);
+    }
+  }
+  frmMain& window_;
+};
+
+bool WaitForEnd(FrontEnd& front_end, const StartedProgram& program) {
+  const ULONGLONG start = GetTickCount64();
+  while (!program.HasEnded()) {
+    if (GetTickCount64() - start >= kLongestWaitMs) return false;
+    front_end.DoEvents();
+    Sleep(kStepMs);
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string CompleteRecordFolder(const std::string& undo_file) {
+  const auto end = undo_file.rfind('\\') + 1;
+  return undo_file.substr(0, end) + "complete\\" + undo_file.substr(end);
+}
+
+CompleteRestore::CompleteRestore(const std::string& undo_file)
+    : folder_(CompleteRecordFolder(undo_file)), replaced_folder_(folder_ + "-replaced") {
+  if (!FileSystemObject().FolderExists(folder_)) return;
+  RecordContents contents = ReadRecord(folder_);
+  damaged_ = contents.damaged;
+  cut_ = contents.cut;
+  plan_.emplace();
+  plan_->Add(std::move(contents), folder_);
+  SpareWhatTheImportTouches(undo_file);
+  CompleteRecord replaced(replaced_folder_);
+  replaced_ = plan_->KeepReplaced(replaced);
+}
+
+// The undo file's names lack what the code page lacks, and name the merged classes: the import
+// makes keys and values that never were.
+void CompleteRestore::SpareWhatTheImportTouches(const std::string& undo_file) {
+  const auto bytes = FileSystemObject().ReadAll(undo_file);
+  if (!bytes) return;
+  try {
+    const std::string text = DecodeScript(*bytes, ScriptManner::kLenient);
+    ScriptReader script(text, ScriptManner::kLenient);
+    std::vector<RealKey> places;
+    for (auto line = script.Next(); line != ScriptReader::Line::kEnd; line = script.Next()) {
+      if (line != ScriptReader::Line::kValue) {
+        places.clear();
+        if (const auto key = KeyOfFullName(script.key())) {
+          places = PossiblePlaces(key->root, key->path);
+        }
+      }
+      for (const RealKey& place : places) {
+        plan_->Spare(place);
+        if (line == ScriptReader::Line::kValue) plan_->Spare(place, script.value().name);
+      }
+    }
+  } catch (const ScriptFault&) {
+    // No script: the editor makes nothing of it either.
+  }
+}
+
+void CompleteRestore::Finish(frmMain& window, const StartedProgram* editor) {
+  window.lblRestored.SetCaption("");
+  if (!plan_) return;
+  const QuietPage quiet(window);
+  const bool editor_ended = editor == nullptr || WaitForEnd(window.front_end, *editor);
+  const RestoreOutcome outcome = plan_->PutBack();
+  const std::size_t lost = outcome.failed + damaged_;
+  std::string text;
+  if (lost > 0) {
+    text = std::to_string(lost) + " entries could not be put back. The record stays in this list.";
+  } else if (cut_) {
+    text = "The record ends early; what is in it was put back. It stays in this list.";
+  } else if (!editor_ended) {
+    text = "The registry editor is still at work. The record stays in this list.";
+  } else {
+    RemoveRecord(folder_);
+    text = "Everything was put back as it was.";
+    if (replaced_ > 0) {
+      text += " " + std::to_string(replaced_) + " newer entries are kept in this list.";
+    }
+  }
+  window.lblRestored.SetCaption(text);
+}
+
+}  // namespace tidemark
