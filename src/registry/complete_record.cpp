@@ -180,6 +180,7 @@ void CompleteRecord::FinishKeeping() {
 
 void CompleteRecord::Deleted() {
   if (std::exchange(keeps_file_, false)) files_.Deleted();
+  if (pieces_.empty()) return;
   broken_ = false;
   for (const Piece& piece : pieces_) {
     const std::string number = std::to_string(piece.number);
@@ -199,6 +200,15 @@ void CompleteRecord::Deleted() {
     }
     writer_.Comment("gone " + number);
   }
+  writer_.Flush();
+  pieces_.clear();
+}
+
+void CompleteRecord::Replaced() {
+  if (std::exchange(keeps_file_, false)) files_.Replaced();
+  if (pieces_.empty()) return;
+  broken_ = false;
+  for (const Piece& piece : pieces_) writer_.Comment("gone " + std::to_string(piece.number));
   writer_.Flush();
   pieces_.clear();
 }

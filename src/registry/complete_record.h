@@ -40,6 +40,8 @@ class CompleteRecord {
   void KeepFile(const std::string& path);
   // After it: notes what of that has gone.
   void Deleted();
+  // Instead: what was kept is about to be replaced, so its return may replace what stands then.
+  void Replaced();
 
   // How many of the calls above could not keep all that there was.
   std::size_t failures() const { return failures_; }

@@ -121,7 +121,11 @@ bool KeptFiles::Keep(const std::string& path) {
 }
 
 void KeptFiles::Deleted() {
-  if (last_.copy.empty() || FileSystemObject().FileExists(last_.path)) return;
+  if (!FileSystemObject().FileExists(last_.path)) Replaced();
+}
+
+void KeptFiles::Replaced() {
+  if (last_.copy.empty()) return;
   const std::string line = std::string(kGone) + '\t' + last_.copy;
   list_.Append(line + '\t' + ChecksumOf(line) + std::string(kLineEnd));
   last_ = {};

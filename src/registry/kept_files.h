@@ -35,6 +35,8 @@ class KeptFiles {
   bool Keep(const std::string& path);
   // To be called after the deletion; notes whether the last one has gone.
   void Deleted();
+  // Instead: it is about to be replaced.
+  void Replaced();
 
  private:
   std::string folder_;

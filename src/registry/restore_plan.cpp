@@ -91,6 +91,7 @@ std::size_t RestorePlan::KeepReplaced(CompleteRecord& record) const {
       const auto standing = value.recorded ? Standing(planned.key, value.name) : std::nullopt;
       if (!standing || standing == value.wanted) continue;
       record.KeepValue(planned.key.root, planned.key.path, value.name);
+      record.Replaced();
       ++replaced;
     }
   }
@@ -101,6 +102,7 @@ std::size_t RestorePlan::KeepReplaced(CompleteRecord& record) const {
       continue;
     }
     record.KeepFile(planned.file.path);
+    record.Replaced();
     ++replaced;
   }
   return replaced;

@@ -15,6 +15,7 @@
 #include "shell/tray.h"
 #include "shortcuts/shortcuts.h"
 #include "startup/startup.h"
+#include "startup/startup_records.h"
 
 namespace tidemark {
 namespace {
@@ -95,6 +96,7 @@ void BindStartup(frmMain& window) {
   window.lvPrograms.MouseUp.Bind([&window] { lvPrograms_MouseUp(window); });
   window.lvPrograms.ContextMenu.Bind([&window] { lvPrograms_ContextMenu(window); });
   window.mnuAddNew.Clicked.Bind([&window] { mnuAddNew_Click(window); });
+  window.mnuPutBack.Clicked.Bind([&window] { mnuPutBack_Click(window); });
   window.mnuDeleteProgram.Clicked.Bind([&window] { mnuDeleteProgram_Click(window); });
 }
 

@@ -7,6 +7,7 @@
 #include "registry/ini_access.h"
 #include "registry/mdlRegistry.h"
 #include "startup/startup.h"
+#include "startup/startup_records.h"
 #include "startup/startup_sources.h"
 
 namespace tidemark {
@@ -81,6 +82,10 @@ void SwitchRegistryEntry(frmMain& window, ListItem& row, const Entry& entry) {
 // What is written is the word of the column "Exists", not the command. On purpose.
 void SwitchIniEntry(frmMain& window, ListItem& row, const Entry& entry, const IniRule& rule) {
   const std::string file = WinIniFile();
+  StartupRecord record(window, entry.name, entry.location);
+  for (const char* section : {kEnabledSection, kDisabledSection}) {
+    record.KeepIniValue(section, rule.key);
+  }
   if (entry.ticked) {
     if (!WriteIniValue(kEnabledSection, rule.key, entry.exists, file)) {
       Complain(window, "Unable to set program", "Program not added to Win.ini");
@@ -169,16 +174,25 @@ void AddNew(frmMain& window, const ListItem& program) {
 
 void DeleteProgram(frmMain& window, const ListItem& program) {
   const Entry entry(program);
+  StartupRecord record(window, entry.name, entry.location);
   if (entry.kind == "Reg") {
-    const std::string path = GetSubKey(entry.location);
-    DeleteItem(GetHKey(entry.location), entry.ticked ? path : TwinKey(path), entry.name);
+    const HKEY root = GetHKey(entry.location);
+    const std::string live = GetSubKey(entry.location);
+    const std::string path = entry.ticked ? live : TwinKey(live);
+    record.KeepValue(root, path, entry.name);
+    DeleteItem(root, path, entry.name);
   } else if (const IniRule* rule = FindIniRule(entry)) {
-    WriteIniValue(entry.ticked ? kEnabledSection : kDisabledSection, rule->key, "", WinIniFile());
+    const char* section = entry.ticked ? kEnabledSection : kDisabledSection;
+    record.KeepIniValue(section, rule->key);
+    WriteIniValue(section, rule->key, "", WinIniFile());
   } else if (entry.IsInStartupFolder()) {
     const std::string folder =
         entry.ticked ? LiveFolder(entry.location) : StoreFolder(window, entry.location);
-    FileSystemObject().DeleteFile(AddBackslash(folder) + entry.FileName(), false);
+    const std::string file = AddBackslash(folder) + entry.FileName();
+    record.KeepFile(file);
+    FileSystemObject().DeleteFile(file, false);
   }
+  record.Deleted();
   loadPrograms(window);
 }
 

@@ -8,6 +8,7 @@
 #include "registry/ini_access.h"
 #include "registry/mdlRegistry.h"
 #include "startup/startup.h"
+#include "startup/startup_records.h"
 #include "startup/startup_sources.h"
 
 namespace tidemark {
@@ -120,7 +121,8 @@ void lvPrograms_MouseUp(frmMain& window) {
 }
 
 void lvPrograms_ContextMenu(frmMain& window) {
-  if (window.lvPrograms.SelectedItem() != nullptr) window.front_end.PopupMenu(window.mnuPrograms);
+  const bool selected = window.lvPrograms.SelectedItem() != nullptr;
+  if (selected || HasStartupRecords(window)) window.front_end.PopupMenu(window.mnuPrograms);
 }
 
 }  // namespace tidemark

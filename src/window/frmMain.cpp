@@ -59,6 +59,7 @@ void DesignMenus(frmMain& window) {
   window.mnuOpenKey.SetCaption("&Open in Registry Editor");
   window.mnuAddNew.SetCaption("&Write Entry Back");
   window.mnuDeleteProgram.SetCaption("&Delete Entry...");
+  window.mnuPutBack.SetCaption("&Put Back...");
 }
 
 void DesignHome(frmMain& window) {

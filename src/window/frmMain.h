@@ -62,6 +62,7 @@ struct frmMain {
   Menu mnuPrograms{&form, "mnuPrograms"};
   MenuItem mnuAddNew{&mnuPrograms, "mnuAddNew"};
   MenuItem mnuDeleteProgram{&mnuPrograms, "mnuDeleteProgram"};
+  MenuItem mnuPutBack{&mnuPrograms, "mnuPutBack"};
 
   // Home.
   PictureBox picWelcome{&form, "picWelcome"};

@@ -172,6 +172,32 @@ TEST(Startup, ALinkIsWrittenMovedAndDeletedByItsName) {
   EXPECT_FALSE(on.pc.FileExists(store));
 }
 
+TEST(Startup, WhatWasDeletedOrOverwrittenIsPutBack) {
+  StartupPc on;
+  const std::string file = GetSpecialFolderPath(CSIDL_STARTUP) + "\\tm-test.reg";
+  on.pc.MakeFile(file, "text");
+  on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "app", "%x%", REG_EXPAND_SZ);
+  WriteIniValue("Windows", "Run", "C:\\gone\\r.exe", on.win_ini);
+  WriteIniValue("Windows", "Load", "C:\\gone\\l.exe", on.win_ini);
+  loadPrograms(on.window);
+  const Lines before = on.Programs();
+  on.Tick("r", false);
+  for (const char* name : {"l", "app", "tm-test.reg"}) DeleteProgram(on.window, on.Row(name));
+  EXPECT_FALSE(on.pc.FileExists(file));
+  EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"), std::nullopt);
+  for (const char* number : {"", "7", "3", "1", "1", "1"}) {  // those that there are: 4 at first
+    on.front_end.AnswerInput(number);
+    on.front_end.ChooseFromMenu(on.window.mnuPutBack);
+    on.window.lvPrograms.UserContextMenu(nullptr);
+  }
+  EXPECT_EQ(on.Programs(), before);
+  EXPECT_EQ(on.pc.ReadFile(file), "text");
+  EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"),
+            (TestValue{REG_EXPAND_SZ, std::string("%x%\0", 4)}));
+  on.window.mnuPutBack.Click();
+  EXPECT_EQ(on.front_end.messages().back(), "Tidemark: There is no entry to put back.");
+}
+
 TEST(Startup, TheMenuWritesBackAndDeletesAfterAQuestion) {
   StartupPc on;
   on.pc.SetText(HKEY_CURRENT_USER, "-" + kRun, "app", "a.exe");

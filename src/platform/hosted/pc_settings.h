@@ -14,6 +14,7 @@
 //   [editor]       start-up=1                  milliseconds until a registry editor is up
 //                  duration=2                  and that its command takes from there
 //                  format=utf-16               what it exports: utf-16 or 8-bit
+//                  present=yes                 or no: the PC has none
 //   [attributes]   C:\...=RHSA                 attributes that the folder's files can't carry
 // clang-format on
 //

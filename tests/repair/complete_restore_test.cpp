@@ -1,0 +1,150 @@
+// Repairs and their way back on the PC's own registry, where the registry editor is at work too:
+// the same on both grounds.
+#include "repair/complete_restore.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "registry/exact_registry.h"
+#include "repair/backups.h"
+#include "repair/repair.h"
+#include "tests/support/exact_snapshot.h"
+#include "tests/support/window_pc.h"
+
+namespace tidemark {
+namespace {
+
+using namespace std::string_literals;
+
+struct LivePc : WindowPc {
+  LivePc() : WindowPc(TestPc::Registry::kLive) {}
+
+  std::string Key(const std::string& below) const { return pc.LiveKey() + "\\" + below; }
+  void Set(const std::string& below, const std::string& name, const ExactValue& value) {
+    ExactKey key;
+    EXPECT_EQ(ExactKey::Create(HKEY_CURRENT_USER, Key(below), key), ERROR_SUCCESS);
+    EXPECT_EQ(key.Write(name, value), ERROR_SUCCESS);
+  }
+  std::string Get(const std::string& below, const std::string& name) {
+    ExactKey key;
+    ExactValue value;
+    if (ExactKey::Open(HKEY_CURRENT_USER, Key(below), key) != ERROR_SUCCESS) return "no key";
+    return key.Read(name, value) == ERROR_SUCCESS ? value.bytes : "none";
+  }
+  // Repairs one finding, in an undo file of its own.
+  void Repair(const char* code, const std::string& path, const std::string& name = {}) {
+    window.lvInvalidLoc.Clear();
+    ListItem* item = window.lvInvalidLoc.Add("K1", path);
+    item->SetSubItem(kValueName, name);
+    item->SetSubItem(kValueType, "1");
+    item->SetSubItem(kSelected, "1");
+    item->SetSubItem(kTestCode, code);
+    cmdFix_Click(window);
+    Sleep(1100);
+  }
+  void RepairBelow(const char* code, const std::string& below, const std::string& name = {}) {
+    Repair(code, "HKEY_CURRENT_USER\\" + Key(below), name);
+  }
+  void Restore(int row) {
+    window.LvBackup.UserSelect(*window.LvBackup.Item(row));
+    front_end.When([this] { return window.mess_box && window.mess_box->cmdYes.Visible(); },
+                   [this] { window.mess_box->cmdYes.Click(); });
+    window.cmdRestore.Click();
+  }
+  std::string Told() const { return window.lblRestored.Caption().String(); }
+};
+
+const ExactValue kOne{REG_SZ, "1\0\0\0"s};
+const ExactValue kTwo{REG_SZ, "2\0\0\0"s};
+const ExactValue kThree{REG_EXPAND_SZ, "3\0"s};
+
+TEST(CompleteRestore, AKeyComesBackToTheLastBit) {
+  LivePc on;
+  const ExactValue kinds[] = {{REG_SZ, "a\0\r\0\n\0\0\0"s},
+                              {REG_SZ, "\x3D\xD8"s},
+                              {REG_MULTI_SZ, "abc"s},
+                              {REG_EXPAND_SZ, "%\0x\0"s},
+                              {REG_NONE, ""},
+                              {11, "12345678"},
+                              {0x7777, "\0"s},
+                              {REG_DWORD, "123"s}};
+  for (const char* const key :
+       {"app", "app\\\xD0\x96", "app\\\xED\xA0\xBD", "app\\line\r\nbreak%0A"}) {
+    char name = 'a';
+    for (const ExactValue& value : kinds) on.Set(key, "\"\xD0\x96\\"s + name++, value);
+    on.Set(key, "", kTwo);
+  }
+  const ExactSnapshot before = TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey());
+  on.RepairBelow("APP", "app");
+  EXPECT_EQ(on.Get("app", ""), "no key");
+  EXPECT_EQ(on.window.lblRepaired.Caption(),
+            "Problems repaired : 1. All of it can be restored from the Backups page.");
+  on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
+  on.window.LvBackup.MouseUp();
+  EXPECT_EQ(on.window.LvBackup.ToolTipText(), "4 keys, 36 values");
+  on.Restore(1);
+  EXPECT_EQ(on.Told(), "Everything was put back as it was.");
+  EXPECT_TRUE(TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey()) == before);
+  EXPECT_EQ(on.window.LvBackup.Count(), 0);
+}
+
+TEST(CompleteRestore, NeitherOrderOfTwoRepairsLosesWhatOneHolds) {
+  LivePc on;
+  on.Set("app", "v", kOne);
+  on.RepairBelow("STARTUP", "app", "v");
+  on.Set("app", "v", kThree);
+  on.Set("app\\below", "w", kTwo);
+  on.RepairBelow("APP", "app");
+  on.Restore(1);
+  EXPECT_EQ(on.Get("app", "v"), kOne.bytes);
+  on.Restore(1);
+  EXPECT_EQ(on.Get("app", "v"), kThree.bytes);
+  EXPECT_EQ(on.Get("app\\below", "w"), kTwo.bytes);
+  EXPECT_EQ(on.Told(), "Everything was put back as it was. 1 newer entries are kept in this list.");
+  ASSERT_EQ(on.window.LvBackup.Count(), 1);
+  on.Restore(1);
+  EXPECT_EQ(on.Get("app", "v"), kOne.bytes);
+}
+
+TEST(CompleteRestore, WhatAPersonHasChangedSinceStays) {
+  LivePc on;
+  on.Set("app", "v", kThree);
+  on.Set("app", "other", kOne);
+  on.RepairBelow("STARTUP", "app", "v");
+  on.Set("app", "other", kTwo);
+  on.Set("app\\new", "x", kTwo);
+  on.Restore(1);
+  EXPECT_EQ(on.Get("app", "v"), kThree.bytes);
+  EXPECT_EQ(on.Get("app", "other"), kTwo.bytes);
+  EXPECT_EQ(on.Get("app\\new", "x"), kTwo.bytes);
+}
+
+TEST(CompleteRestore, LinksOfOneNameComeBackFromARepairOfLinksAlone) {
+  LivePc on;
+  const std::string one = on.pc.folder() + "\\one\\x.lnk";
+  const std::string two = on.pc.folder() + "\\two\\x.lnk";
+  on.pc.MakeFile(one, "one");
+  on.pc.MakeFile(two, "two");
+  SetFileAttributesA(one.c_str(), FILE_ATTRIBUTE_READONLY);
+  for (const std::string& path : {one, two}) on.Repair("SHORTCUTS", path);
+  EXPECT_FALSE(on.pc.FileExists(one) || on.pc.FileExists(two));
+  ASSERT_EQ(on.window.LvBackup.Count(), 2);
+  for (int row = 0; row < 2; ++row) {
+    on.Restore(1);
+    EXPECT_EQ(on.Told(), "Everything was put back as it was.");
+  }
+  EXPECT_EQ(on.pc.ReadFile(one), "one");
+  EXPECT_EQ(GetFileAttributesA(one.c_str()), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(on.pc.ReadFile(two), "two");
+  on.pc.MakeFile(two + "3", "three");
+  on.Repair("SHORTCUTS", two + "3");
+  on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
+  on.front_end.When([&on] { return on.window.mess_box && on.window.mess_box->cmdYes.Visible(); },
+                    [&on] { on.window.mess_box->cmdYes.Click(); });
+  on.window.cmdRemove.Click();
+  EXPECT_EQ(on.window.LvBackup.Count(), 0) << "\"Remove\" takes the record too";
+}
+
+}  // namespace
+}  // namespace tidemark
