@@ -5,6 +5,12 @@
 namespace tidemark::hosted {
 namespace {
 
+// With more the library fails: it makes no cell of a megabyte, and lists 70,000 sub-keys and
+// 110,000 values of a key. What can be added until then is left out of it.
+constexpr std::size_t kLongestCell = 900'000;
+constexpr std::uint32_t kMostSubKeys = 60'000;
+constexpr std::uint32_t kMostValues = 100'000;
+
 // A half of a surrogate pair as UTF-8 has no other reading: ED A0 to ED BF.
 bool HasHalfPair(std::string_view name) {
   for (std::size_t i = 0; (i = name.find('\xED', i)) != std::string_view::npos; ++i) {
@@ -20,15 +26,22 @@ bool CanNameInHive(std::string_view name) {
 }
 
 bool FitsInHive(std::size_t size_bytes, bool young) {
-  // In young hives longer data would have to be cut in segments; in others a cell of a megabyte is
-  // more than the library makes. A text is up to twice as long in a hive.
-  constexpr std::size_t kLongestCell = 900'000;
+  // In young hives longer data would have to be cut in segments. A text is up to twice as long in a
+  // hive.
   return 2 * size_bytes <= (young ? kHiveSegment : kLongestCell);
+}
+
+std::uint8_t LimitsByNumbers(const HiveKey& key) {
+  unsigned limits = 0;
+  if (key.sub_keys > kMostSubKeys) limits |= kSubKeysStay | kNoNewKeys | kTreeStays;
+  if (key.values > kMostValues) limits |= kValuesStay | kTreeStays;
+  return static_cast<std::uint8_t>(limits);
 }
 
 std::uint8_t LimitsByValue(const HiveCells& cells, const HiveValue& value, std::string_view name) {
   // Every value is written anew with any other of its key, and long data in one piece.
-  if (value.size_bytes > kHiveSegment && cells.minor_version() > 3) return kValuesStay | kTreeStays;
+  const std::uint32_t longest = cells.minor_version() > 3 ? kHiveSegment : kLongestCell;
+  if (value.size_bytes > longest) return kValuesStay | kTreeStays;
   return CanNameInHive(name) ? 0 : kValuesStay;
 }
 

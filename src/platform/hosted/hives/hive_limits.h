@@ -9,7 +9,9 @@
 
 namespace tidemark::hosted {
 
-// Of registry_limits.h, for the key that holds the value. `name` is the value's, as UTF-8.
+// All of registry_limits.h. For the key by the numbers of what it holds.
+std::uint8_t LimitsByNumbers(const HiveKey& key);
+// For the key that holds the value. `name` is the value's, as UTF-8.
 std::uint8_t LimitsByValue(const HiveCells& cells, const HiveValue& value, std::string_view name);
 // Of a key or value.
 bool CanNameInHive(std::string_view name);

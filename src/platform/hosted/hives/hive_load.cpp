@@ -13,6 +13,9 @@
 namespace tidemark::hosted {
 namespace {
 
+// Reads by itself and not with the library that writes: the library can't tell names that end in
+// half a surrogate pair, cuts others at a NUL, and gives up on keys with very many sub-keys. What
+// has been checked is as quickly read without it.
 class Loader {
  public:
   Loader(std::string_view file, std::uint8_t limits_of_all)
@@ -25,7 +28,7 @@ class Loader {
 
  private:
   void Load(const HiveKey& key, RegistryKey& to) {
-    std::uint8_t limits = limits_of_all_;
+    std::uint8_t limits = limits_of_all_ | LimitsByNumbers(key);
     const std::size_t first = offsets_.size();
     ReadHiveValues(cells_, key, offsets_);
     for (std::size_t i = first; i < offsets_.size(); ++i) LoadValue(offsets_[i], to, &limits);

@@ -48,6 +48,7 @@ TEST(HiveLimits, AreTheRegistrysAnswersAndHoldForScriptsToo) {
   top.MakeKey("list").MakeKey("one").MakeKey("below");
   top.MakeKey("half").MakeKey("\xED\xA0\x80");
   top.MakeKey("long").SetValue("value", REG_BINARY, std::string(20'000, 'l'));
+  for (int i = 0; i <= 60'000; ++i) top.MakeKey("many").MakeKey(std::to_string(100'000 + i));
   const RegistryKey& old = LoadedBelow("Old", MakeHive(top, HiveMake::kOld));
   const RegistryKey& young = LoadedBelow("Young", MakeHive(top));
   const RegistryKey& shown = LoadedBelow("Shown", MakeHive(top), false);
@@ -58,6 +59,7 @@ TEST(HiveLimits, AreTheRegistrysAnswersAndHoldForScriptsToo) {
   EXPECT_EQ(SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Old\\list\\one"), kDenied);
   EXPECT_EQ(SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Young\\half"), kDenied);
   EXPECT_EQ(SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Young\\long"), kDenied);
+  EXPECT_EQ(SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Young\\many\\100000"), kDenied);
   EXPECT_EQ(SHDeleteKeyA(HKEY_LOCAL_MACHINE, "Shown\\list"), kDenied);
   EXPECT_EQ(DeleteValue("Young\\long", "value"), kDenied);
   EXPECT_EQ(DeleteValue("Shown\\long", "value"), kDenied);
