@@ -1,5 +1,6 @@
 #include "registry/complete_record.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -175,13 +176,15 @@ void CompleteRecord::FinishKeeping() {
   if (pieces_.empty()) return;
   if (!script_.Flush()) broken_ = true;
   if (left_out_ > 0) script_.ReplaceStart(Start(left_out_));
-  if (broken_ || incomplete_) ++failures_;
+  if (broken_) ++failures_;
 }
 
 void CompleteRecord::Deleted() {
   if (std::exchange(keeps_file_, false)) files_.Deleted();
   if (pieces_.empty()) return;
-  broken_ = false;
+  // What could not be read is lost only if it could be deleted.
+  if (incomplete_ && !broken_ && SomeAreGone()) ++failures_;
+  broken_ = incomplete_ = false;
   for (const Piece& piece : pieces_) {
     const std::string number = std::to_string(piece.number);
     const std::string mark = "stayed " + number + " ";
@@ -202,6 +205,16 @@ void CompleteRecord::Deleted() {
   }
   writer_.Flush();
   pieces_.clear();
+}
+
+bool CompleteRecord::SomeAreGone() const {
+  return std::any_of(pieces_.begin(), pieces_.end(), [](const Piece& piece) {
+    ExactKey key;
+    ExactValue value;
+    LSTATUS status = ExactKey::Open(piece.key.root, piece.key.path, key);
+    if (status == ERROR_SUCCESS && piece.value_name) status = key.Read(*piece.value_name, value);
+    return status == ERROR_FILE_NOT_FOUND;
+  });
 }
 
 void CompleteRecord::Replaced() {

@@ -43,7 +43,7 @@ class CompleteRecord {
   // Instead: what was kept is about to be replaced, so its return may replace what stands then.
   void Replaced();
 
-  // How many of the calls above could not keep all that there was.
+  // How many deletions took something that could not be kept.
   std::size_t failures() const { return failures_; }
 
  private:
@@ -61,6 +61,7 @@ class CompleteRecord {
   void WriteValue(const ExactKey& key, std::string_view name);
   void LeaveOut();
   void NoteKeysLeft(const ExactKey& key, std::string& full_name, const std::string& mark);
+  bool SomeAreGone() const;
   void EndPiece();
   void FinishKeeping();
 

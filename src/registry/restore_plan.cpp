@@ -1,5 +1,6 @@
 #include "registry/restore_plan.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/file_system_object.h"
@@ -61,6 +62,7 @@ void RestorePlan::AddValue(PlannedKey& key, RecordedValue value, bool gone) {
   PlannedValue& planned = key.values[UpperCase(value.name)];
   planned.name = std::move(value.name);
   planned.recorded = true;
+  planned.number = key.values.size();
   std::optional<ExactValue> standing;
   if (!gone) standing = Standing(key.key, planned.name);
   planned.wanted = standing ? std::move(standing) : std::move(value.value);
@@ -130,8 +132,16 @@ RestoreOutcome RestorePlan::PutBack() const {
 }
 
 void RestorePlan::PutBackValues(const PlannedKey& planned, RestoreOutcome& outcome) const {
+  // The platform lists values in the order in which they are made.
+  std::vector<const PlannedValue*> in_order;
+  for (const auto& [name, value] : planned.values) in_order.push_back(&value);
+  std::sort(in_order.begin(), in_order.end(),
+            [](const PlannedValue* left, const PlannedValue* right) {
+              return left->number < right->number;
+            });
   ExactKey key;
-  for (const auto& [name, value] : planned.values) {
+  for (const PlannedValue* const one : in_order) {
+    const PlannedValue& value = *one;
     if (Standing(planned.key, value.name) == value.wanted) continue;
     LSTATUS status = ERROR_SUCCESS;
     if (key.Handle() == nullptr) {

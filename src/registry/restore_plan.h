@@ -40,6 +40,7 @@ class RestorePlan {
     std::string name;
     std::optional<ExactValue> wanted;  // none: there is to be no such value
     bool recorded = false;
+    std::size_t number = 0;  // in the order in which the record holds them
   };
   struct PlannedKey {
     RealKey key;

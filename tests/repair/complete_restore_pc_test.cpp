@@ -142,6 +142,8 @@ TEST_F(CompleteRestorePc, BringsBackAllOfThreeHundredPcs) {
     const Losses losses = LossesOf(on);
     gone += losses.gone;
     EXPECT_EQ(losses.in_neither, kNothing);
+    const std::string told = on.window.lblRepaired.Caption().String();
+    EXPECT_TRUE(told.empty() || told.ends_with("restored from the Backups page.")) << told;
     if (on.registry.Chance(2) == 0) on.pc.AllowAll();
     on.Restore();
     on.ExpectAllBack();

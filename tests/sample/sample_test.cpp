@@ -13,6 +13,7 @@
 #include "shell/main_window.h"
 #include "shell/wiring.h"
 #include "startup/startup.h"
+#include "tests/support/exact_snapshot.h"
 #include "tests/support/registry_snapshot.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/window_pc.h"
@@ -63,6 +64,28 @@ TEST(Sample, ShowsTheFindingsThatItsReadmeTells) {
   SamplePc on;
   ExpectLinesOf("expected_rows.txt", on.Findings());
   EXPECT_EQ(on.window.lvFound.Count(), 12) << "one row for each diagnostic test";
+}
+
+TEST(Sample, ComesBackToTheLastBitFromARepair) {
+  SamplePc on;
+  const ExactSnapshot before = TakeExactSnapshot();
+  const IgnoreList ignored = on.window.IgnoreList;
+  const std::vector<std::string> found = on.Findings();
+  on.window.cmdFix.Click();
+  EXPECT_EQ(on.window.lblRepaired.Caption(),
+            "Problems repaired : 112. All of it can be restored from the Backups page.");
+  EXPECT_LT(TakeExactSnapshot().size(), before.size());
+  on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
+  on.front_end.When([&on] { return on.window.mess_box && on.window.mess_box->cmdYes.Visible(); },
+                    [&on] { on.window.mess_box->cmdYes.Click(); });
+  on.window.cmdRestore.Click();
+  EXPECT_TRUE(TakeExactSnapshot() == before);
+  on.window.IgnoreList = ignored;  // without what the repair has put on it
+  on.window.cmdScanNow.Click();
+  on.window.cmdScan.Click();
+  // A value that came back by itself stands behind the others of its key.
+  const std::vector<std::string> again = on.Findings();
+  EXPECT_TRUE(std::is_permutation(again.begin(), again.end(), found.begin(), found.end()));
 }
 
 TEST(Sample, ListsWhatStartsWithItFromAllSources) {
