@@ -37,6 +37,16 @@ class StructureCheck {
     if (doubt_.what == nullptr) doubt_ = {what, HiveFileOffset(offset)};
   }
 
+  // The library that writes frees the cell of a list even where nothing is in it.
+  void CheckEmptyList(std::uint32_t list) {
+    if (list == kHiveNone) return;
+    try {
+      cells_.At(list, "an empty list that is nowhere");
+    } catch (const HiveFault& fault) {
+      Doubt(fault.what, list);
+    }
+  }
+
   static void CheckName(const HiveName& name, std::size_t longest, std::uint32_t offset) {
     const std::size_t units = name.eight_bit ? name.bytes.size() : name.bytes.size() / 2;
     if ((!name.eight_bit && name.bytes.size() % 2 != 0) || units > longest) {
@@ -47,6 +57,8 @@ class StructureCheck {
   void WalkKey(const HiveKey& key, int depth) {
     if (depth > kDeepest) throw HiveFault{"keys lie too deep", HiveFileOffset(key.offset)};
     ReadHiveClass(cells_, key);
+    if (key.sub_keys == 0) CheckEmptyList(key.sub_key_list);
+    if (key.values == 0) CheckEmptyList(key.value_list);
     ring_.AddUser(key.security);
     CheckValues(key);
     const std::size_t first = offsets_.size();
@@ -86,6 +98,8 @@ class StructureCheck {
       if (in_one && value.size_bytes > kHiveSegment && cells_.minor_version() > 3) {
         Doubt("long data that is not in segments", value.data);
       }
+      // The library that writes would free whatever cell it names.
+      if (value.size_bytes == 0 && !value.inside) Doubt("an empty value's data", value.offset);
       value.name.To(name_);
       hashes_.push_back(HashName(name_));
     }

@@ -171,7 +171,7 @@ HiveKey ReadHiveKey(HiveCells& cells, std::uint32_t offset) {
 }
 
 std::string_view ReadHiveClass(HiveCells& cells, const HiveKey& key) {
-  if (key.class_name == kHiveNone || key.class_size_bytes == 0) return {};
+  if (key.class_name == kHiveNone) return {};
   const std::string_view cell = cells.At(key.class_name, "no class name where one should be");
   if (cell.size() < key.class_size_bytes) {
     throw HiveFault{"a class name runs over the end of its cell", HiveFileOffset(key.class_name)};
