@@ -14,8 +14,8 @@ struct CharacterRange {
   char32_t last;
 };
 
-constexpr std::array<CharacterRange, 4> kSteering = {
-    {{0x00, 0x1F}, {0x7F, 0x9F}, {0x2028, 0x202E}, {0x2066, 0x2069}}};
+constexpr std::array<CharacterRange, 5> kSteering = {
+    {{0x00, 0x1F}, {0x7F, 0x9F}, {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2060, 0x206F}}};
 
 bool Steers(char32_t character) {
   return std::any_of(kSteering.begin(), kSteering.end(), [character](const CharacterRange& range) {

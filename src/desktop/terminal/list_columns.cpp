@@ -3,17 +3,16 @@
 namespace tidemark {
 namespace {
 
-constexpr int kNarrowest = 3;
-
 int DesignedWidth(const Rows& list, const ShownColumn& shown) {
   return list.Columns()[static_cast<std::size_t>(shown.column)].width_twips;
 }
 
 // Null when none can become narrower.
-ShownColumn* WidestBesideItsDesign(const Rows& list, std::vector<ShownColumn>& columns) {
+ShownColumn* WidestBesideItsDesign(const Rows& list, std::vector<ShownColumn>& columns,
+                                   int narrowest) {
   ShownColumn* widest = nullptr;
   for (ShownColumn& shown : columns) {
-    if (shown.width <= kNarrowest) continue;
+    if (shown.width <= narrowest) continue;
     if (widest == nullptr ||
         shown.width * DesignedWidth(list, *widest) > widest->width * DesignedWidth(list, shown)) {
       widest = &shown;
@@ -24,7 +23,7 @@ ShownColumn* WidestBesideItsDesign(const Rows& list, std::vector<ShownColumn>& c
 
 }  // namespace
 
-std::vector<ShownColumn> FitColumns(const Rows& list, int available,
+std::vector<ShownColumn> FitColumns(const Rows& list, int available, int narrowest,
                                     const std::function<int(int column)>& needs) {
   std::vector<ShownColumn> columns;
   int taken = -kColumnGap;
@@ -36,7 +35,7 @@ std::vector<ShownColumn> FitColumns(const Rows& list, int available,
     columns.push_back(shown);
   }
   for (; taken > available; --taken) {
-    ShownColumn* widest = WidestBesideItsDesign(list, columns);
+    ShownColumn* widest = WidestBesideItsDesign(list, columns, narrowest);
     if (widest == nullptr) break;
     --widest->width;
   }

@@ -16,8 +16,9 @@ struct ShownColumn {
 inline constexpr int kColumnGap = 2;
 
 // The columns that have a width by design. Each gets what `needs` says; where that is too much for
-// `available` (with the gaps), those that have most beside their designed width lose it first.
-std::vector<ShownColumn> FitColumns(const Rows& list, int available,
+// `available` (with the gaps), those that have most beside their designed width lose it first, down
+// to `narrowest`.
+std::vector<ShownColumn> FitColumns(const Rows& list, int available, int narrowest,
                                     const std::function<int(int column)>& needs);
 
 }  // namespace tidemark

@@ -5,6 +5,7 @@
 #include <curses.h>
 #include <langinfo.h>
 #include <poll.h>
+#include <term.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -98,8 +99,8 @@ std::string InAscii(std::string_view text) {
       ascii += static_cast<char>(character);
     } else {
       const std::string_view bytes = text.substr(start, position - start);
-      const auto columns = static_cast<std::size_t>(DisplayWidth(bytes));
-      ascii.append(columns, bytes == "…" ? '~' : '?');
+      const auto width = static_cast<std::size_t>(DisplayWidth(bytes));
+      ascii.append(width, bytes == "…" ? '~' : '?');
     }
   }
   return ascii;
@@ -150,9 +151,11 @@ void TakeSignals() {
   sigprocmask(SIG_BLOCK, &taken, nullptr);
 }
 
+int input_file = STDIN_FILENO;
+
 // Waits for a byte or for one of the signals.
 void Poll(int timeout_ms) {
-  pollfd input = {.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+  pollfd input = {.fd = input_file, .events = POLLIN, .revents = 0};
   const timespec time = {.tv_sec = timeout_ms / 1000, .tv_nsec = timeout_ms % 1000 * 1'000'000L};
   sigset_t none;
   sigemptyset(&none);
@@ -259,16 +262,16 @@ ScreenInput MouseInput() {
 }  // namespace
 
 bool CursesScreen::IsAvailable() {
-  const char* terminal = std::getenv("TERM");
-  return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1 && terminal != nullptr &&
-         std::string_view(terminal) != "dumb" && std::string_view(terminal) != "unknown" &&
-         *terminal != '\0';
+  int error = 0;
+  return isatty(STDIN_FILENO) == 1 && isatty(STDOUT_FILENO) == 1 &&
+         setupterm(nullptr, STDOUT_FILENO, &error) == OK && tigetstr("cup") != nullptr;
 }
 
-CursesScreen::CursesScreen() {
+CursesScreen::CursesScreen(std::FILE* input, std::FILE* output) {
   std::setlocale(LC_CTYPE, "");
   set_escdelay(kEscapeDelay_ms);
-  initscr();
+  input_file = fileno(input);
+  set_term(newterm(nullptr, output, input));
   cbreak();
   noecho();
   nonl();

@@ -2,6 +2,7 @@
 // comes back as it was when the object goes, and when the process is stopped or dies.
 #pragma once
 
+#include <cstdio>
 #include <optional>
 #include <string_view>
 
@@ -77,8 +78,8 @@ class CursesScreen {
   // Whether standard input and output are a terminal that can move its cursor.
   static bool IsAvailable();
 
-  // Make one only: it takes over the process's signals.
-  CursesScreen();
+  // Make one at a time: it takes over the process's signals.
+  explicit CursesScreen(std::FILE* input = stdin, std::FILE* output = stdout);
   ~CursesScreen();
   CursesScreen(const CursesScreen&) = delete;
   CursesScreen& operator=(const CursesScreen&) = delete;

@@ -47,12 +47,13 @@ bool ListShape::IsCheckMark(int screen_column) const {
 
 ListShape ShapeOf(const Rows& list, const Area& area, ScrollPositions& scroll) {
   ListShape shape{.area = area};
+  constexpr int kNarrowest = 6;
   shape.headings = list.HasHeadings() ? 1 : 0;
   shape.rows_in_view = std::max(area.height - 1 - shape.headings, 0);
   shape.first_row = scroll.FirstRow(list, shape.rows_in_view);
   const int marks = ListShape::kMarkWidth + (list.HasCheckBoxes() ? ListShape::kCheckWidth : 0);
   shape.texts = area.column + marks;
-  shape.columns = FitColumns(list, area.width - marks, [&](int column) {
+  shape.columns = FitColumns(list, area.width - marks, kNarrowest, [&](int column) {
     return std::min(WidthOfSample(list, column, area.width), area.width);
   });
   return shape;

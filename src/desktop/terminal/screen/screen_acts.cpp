@@ -64,8 +64,15 @@ void ScreenFrontEnd::OnAwayKey(const ScreenInput& input) {
     if (!desk_.tray.empty()) return ClickTray(window, TrayClick::kLeft);
     if (window.Visible()) window.SetState(WindowState::kNormal);
   } else if (input.key == Key::kMenu || input.key == Key::kTray || input.character == 'm') {
-    if (!desk_.tray.empty()) ClickTray(window, TrayClick::kRight);
+    OpenTrayMenu();
   }
+}
+
+void ScreenFrontEnd::OpenTrayMenu() {
+  const Area tray = TrayArea();
+  menu_row_ = tray.row;
+  menu_column_ = tray.column;
+  if (!desk_.tray.empty()) ClickTray(*desk_.main_window, TrayClick::kRight);
 }
 
 bool ScreenFrontEnd::OnCommonKey(const ScreenInput& input) {
@@ -97,7 +104,7 @@ bool ScreenFrontEnd::OnCommonKey(const ScreenInput& input) {
       top_->Help.IsBound() ? top_->Help() : Help();
       return true;
     case Key::kTray:
-      if (!desk_.tray.empty()) ClickTray(*desk_.main_window, TrayClick::kRight);
+      OpenTrayMenu();
       return true;
     default:
       return false;

@@ -74,6 +74,7 @@ class ScreenFrontEnd : public DeskFrontEnd {
   void OnListMouse(Rows& list, const Area& area, const ScreenInput& input);
   void Press(Control& control);
   void OpenMenu();
+  void OpenTrayMenu();
   void MarkAll();
   void BeginEntry(Entry entry);
   void EndEntry() { entry_ = Entry::kNone; }

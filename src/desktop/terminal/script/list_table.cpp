@@ -9,6 +9,8 @@
 namespace tidemark {
 namespace {
 
+constexpr int kNarrowest = 3;
+
 struct TableShape {
   std::vector<ShownColumn> columns;
   int number_width = 1;
@@ -29,7 +31,7 @@ TableShape Measure(const Rows& list, int first_row, int last_row, int width) {
     }
     return std::min(needed, width);
   };
-  shape.columns = FitColumns(list, width - shape.marks_width, needs);
+  shape.columns = FitColumns(list, width - shape.marks_width, kNarrowest, needs);
   return shape;
 }
 
