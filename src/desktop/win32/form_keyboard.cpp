@@ -7,6 +7,7 @@
 #include "desktop/win32/window_metrics.h"
 #include "platform/letter_case.h"
 #include "toolkit/access_key.h"
+#include "toolkit/focus.h"
 #include "toolkit/option_button.h"
 
 namespace tidemark {
@@ -19,33 +20,6 @@ Peer* FocusedPeer() {
   const HWND focus = GetFocus();
   if (Peer* peer = Peer::Of(focus)) return peer;
   return focus == nullptr ? nullptr : Peer::Of(GetParent(focus));
-}
-
-// Of a group of option buttons Tab reaches the chosen one, or the first when none is chosen; the
-// arrow keys reach the others.
-bool IsTabStop(const Peer& peer) {
-  const auto* option = dynamic_cast<const OptionButton*>(&peer.GetControl());
-  if (option == nullptr || option->Value()) return true;
-  const OptionButton* first = nullptr;
-  for (const Control* sibling : option->Container()->Controls()) {
-    const auto* other = dynamic_cast<const OptionButton*>(sibling);
-    if (other == nullptr || !other->Visible() || !other->Enabled()) continue;
-    if (other->Value()) return false;
-    if (first == nullptr) first = other;
-  }
-  return first == option;
-}
-
-// The arrow keys go round among the options of one container, and among its labels: the tabs.
-bool InOneGroup(const Control& left, const Control& right) {
-  if (left.Container() != right.Container()) return false;
-  const auto is_option = [](const Control& control) {
-    return dynamic_cast<const OptionButton*>(&control) != nullptr;
-  };
-  const auto is_label = [](const Control& control) {
-    return dynamic_cast<const Label*>(&control) != nullptr;
-  };
-  return (is_option(left) && is_option(right)) || (is_label(left) && is_label(right));
 }
 
 // How far apart two areas are; 0 when they touch.
@@ -101,7 +75,9 @@ bool FormKeyboard::OnKey(WPARAM key, Peer* focused) {
 
 bool FormKeyboard::MoveByTab(bool back) const {
   std::vector<Peer*> stops = peers_.Reachable();
-  std::erase_if(stops, [](const Peer* peer) { return !IsTabStop(*peer) && peer != FocusedPeer(); });
+  std::erase_if(stops, [](const Peer* peer) {
+    return !IsTabStop(peer->GetControl()) && peer != FocusedPeer();
+  });
   if (stops.empty()) return true;
   if (back) std::reverse(stops.begin(), stops.end());
   const auto here = std::find(stops.begin(), stops.end(), FocusedPeer());
