@@ -1,14 +1,16 @@
 // The native program: Tidemark on a hosted PC, in the terminal: a full screen where there is one,
 // commands and pages on a pair of pipes.
+#include <filesystem>
 #include <iostream>
 #include <string>
-#include <vector>
 
 #include "desktop/program_folder.h"
 #include "desktop/terminal/screen/curses_screen.h"
 #include "desktop/terminal/screen/screen_front_end.h"
 #include "desktop/terminal/script/command_front_end.h"
 #include "main_hosted_commands.h"
+#include "main_hosted_files.h"
+#include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
 #include "platform/logon_task.h"
@@ -35,6 +37,11 @@ int RunOn(tidemark::hosted::HostedPc& pc) {
   application.elevated = tidemark::IsElevated();
 
   tidemark::MakeProgramFolder(application.folder);
+  std::filesystem::path own_folder;
+  if (pc.settings().hidden_drive != '\0' &&
+      pc.files().GetHostPath(application.folder, own_folder) == ERROR_SUCCESS) {
+    tidemark::CopyShippedFiles(own_folder);
+  }
   if (tidemark::CursesScreen::IsAvailable()) {
     tidemark::CursesScreen screen;
     tidemark::ScreenFrontEnd front_end(screen);
@@ -49,17 +56,20 @@ int RunOn(tidemark::hosted::HostedPc& pc) {
 
 // The arguments are for the hosted PC; the program itself reads none.
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const auto arguments = tidemark::ReadHostedArguments({argv + 1, argv + argc});
+  if (!arguments) {
+    std::cerr << tidemark::kHostedUsage;
+    return kBadFolder;
+  }
   try {
-    if (const auto status = tidemark::RunHostedCommand(arguments)) return *status;
-    if (arguments.size() != 1) {
-      std::cerr << "usage: tidemark FOLDER (a hosted PC)\n";
-      return kBadFolder;
-    }
-    tidemark::hosted::HostedPc pc(arguments[0]);
+    if (const auto status = tidemark::RunHostedCommand(*arguments)) return *status;
+    const std::string& folder = arguments->places[0];
+    tidemark::hosted::HostedPc pc(folder, arguments->choice);
+    for (const std::string& note : pc.Notes())
+      std::cerr << "tidemark: " << folder << ": " << note << "\n";
     const int status = RunOn(pc);
     if (!pc.IsSoleUser()) {
-      std::cerr << "tidemark: " << arguments[0] << ": another Tidemark is working on it\n";
+      std::cerr << "tidemark: " << folder << ": another Tidemark is working on it\n";
       return kBadFolder;
     }
     pc.ShutDown();

@@ -6,6 +6,7 @@
 #include "helpers/diagnostic_tests.h"
 #include "helpers/text_helpers.h"
 #include "registry/stored_settings.h"
+#include "scan/scan.h"
 
 namespace tidemark {
 namespace {
@@ -23,6 +24,14 @@ void LoadLocations(frmMain& window) {
     ListItem* row = window.lvLocations.Add(test.code, test.name);
     row->SetChecked(NumberOf(states[index]) == 1);
     row->SetSubItem(1, test.description);
+  }
+}
+
+void ShowUnknownTests(frmMain& window) {
+  for (int index = 1; index <= window.lvLocations.Count(); ++index) {
+    ListItem& row = *window.lvLocations.Item(index);
+    const std::string why = WhyUnknown(row.Key().View());
+    if (!why.empty()) row.SetSubItem(1, "Not run: " + why);
   }
 }
 

@@ -10,6 +10,8 @@ namespace tidemark {
 void LoadLocations(frmMain& window);
 
 // Stores the names and descriptions, which nothing reads back, and the choice.
+// Says beside each test that is not run why; what is ticked stays ticked.
+void ShowUnknownTests(frmMain& window);
 void SaveLocations(frmMain& window);
 
 // Checks or clears all tests, by the box's value, and stores both.

@@ -38,7 +38,7 @@ void ListCheckedTests(frmMain& window) {
     window.front_end.DoEvents();
     if (IsOvertaken(window)) return;
     test = window.lvLocations.Item(index);  // a visit of Home fills the list anew
-    if (test == nullptr) continue;
+    if (test == nullptr || !WhyUnknown(test->Key().View()).empty()) continue;
     if (ListItem* row = window.lvScan.Add(test->Key(), test->Caption())) {
       row->SetSubItem(kStatus, "Pending");
     }

@@ -1,5 +1,9 @@
+#include <array>
+#include <string>
 #include <vector>
 
+#include "platform/unique_handle.h"
+#include "platform/winapi.h"
 #include "scan/scan.h"
 #include "scan/walkers.h"
 
@@ -42,7 +46,40 @@ const std::vector<Walk>& Walks() {
   return kWalks;
 }
 
+// Whether what lies there is not known, rather than missing.
+bool IsOutOfReach(int folder) {
+  constexpr HRESULT kNotReady = static_cast<HRESULT>(0x80070000U | ERROR_NOT_READY);
+  constexpr HRESULT kAccessDenied = static_cast<HRESULT>(0x80070000U | ERROR_ACCESS_DENIED);
+  std::array<char, MAX_PATH> path{};
+  const HRESULT result = SHGetFolderPathA(nullptr, folder, nullptr, 0, path.data());
+  return result == kNotReady || result == kAccessDenied;
+}
+
+bool CanOpen(HKEY hive, const char* key) {
+  HKEY opened = nullptr;
+  const LONG status = RegOpenKeyExA(hive, key, 0, KEY_READ, &opened);
+  const UniqueKey owner(status == ERROR_SUCCESS ? opened : nullptr);
+  return status != ERROR_ACCESS_DENIED;
+}
+
 }  // namespace
+
+std::string WhyUnknown(std::string_view code) {
+  if (code == "FONT" && IsOutOfReach(CSIDL_FONTS)) return "the folder of the fonts is out of reach";
+  if (code == "SHORTCUTS" && IsOutOfReach(CSIDL_COMMON_STARTMENU) &&
+      IsOutOfReach(CSIDL_STARTMENU) && IsOutOfReach(CSIDL_DESKTOP)) {
+    return "start menu and desktop are out of reach";
+  }
+  for (const Walk& walk : Walks()) {
+    if (walk.code != code) continue;
+    // Of the merged classes those of the user hide the machine's.
+    if (walk.hive == HKEY_CLASSES_ROOT && !CanOpen(HKEY_CURRENT_USER, "Software\\Classes")) {
+      return "the user's classes can't be read";
+    }
+    if (!CanOpen(walk.hive, walk.key)) return "its keys can't be read";
+  }
+  return {};
+}
 
 void ScanKey(frmMain& window, std::string_view code) {
   window.pbarScan.SetMin(0);

@@ -35,6 +35,7 @@ void SetInitValues(frmMain& window) {
   TakeNumber(window.chkSelectAll, Setting("SelectAllLoc", "0"));
   window.LoadOptions();
   LoadLocations(window);
+  ShowUnknownTests(window);
   window.Loadbackup();
   window.Scheduler();
   // "ChkRecyclebin" is read for a check box that does not exist; it has no effect, on purpose.

@@ -1,6 +1,7 @@
 #include "shell/wiring.h"
 
 #include "junk/junk.h"
+#include "platform/write_protection.h"
 #include "repair/backups.h"
 #include "repair/repair.h"
 #include "scan/locations.h"
@@ -19,6 +20,14 @@
 
 namespace tidemark {
 namespace {
+
+// Whether an act that changes the PC may go on; where nothing can be changed, that is said instead.
+bool CanChange(frmMain& window) {
+  const std::string why = WhyNothingCanBeChanged();
+  if (why.empty()) return true;
+  window.front_end.ShowMessage(why, window.application.title, MessageIcon::kExclamation);
+  return false;
+}
 
 void BindForm(frmMain& window) {
   window.form.Load.Bind([&window] { Form_Load(window); });
@@ -84,20 +93,33 @@ void BindBackups(frmMain& window) {
   window.Loadbackup.Bind([&window] { Loadbackup(window); });
   window.MakeMessBox.Bind([&window] { MessBox(window); });
   window.cmdBakupReg.Clicked.Bind([&window] { cmdBakupReg_Click(window); });
-  window.cmdRestore.Clicked.Bind([&window] { cmdRestore_Click(window); });
+  window.cmdRestore.Clicked.Bind([&window] {
+    if (CanChange(window)) cmdRestore_Click(window);
+  });
   window.LvBackup.MouseUp.Bind([&window] { LvBackup_MouseUp(window); });
   window.cmdRemove.Clicked.Bind([&window] { cmdRemove_Click(window); });
 }
 
 void BindStartup(frmMain& window) {
   window.loadPrograms.Bind([&window] { loadPrograms(window); });
-  window.lvPrograms.ItemChecked.Bind(
-      [&window](ListItem& item) { EnabledDisableProgram(window, item); });
+  window.lvPrograms.ItemChecked.Bind([&window](ListItem& item) {
+    if (CanChange(window)) {
+      EnabledDisableProgram(window, item);
+    } else {
+      window.loadPrograms();  // shows what holds
+    }
+  });
   window.lvPrograms.MouseUp.Bind([&window] { lvPrograms_MouseUp(window); });
   window.lvPrograms.ContextMenu.Bind([&window] { lvPrograms_ContextMenu(window); });
-  window.mnuAddNew.Clicked.Bind([&window] { mnuAddNew_Click(window); });
-  window.mnuPutBack.Clicked.Bind([&window] { mnuPutBack_Click(window); });
-  window.mnuDeleteProgram.Clicked.Bind([&window] { mnuDeleteProgram_Click(window); });
+  window.mnuAddNew.Clicked.Bind([&window] {
+    if (CanChange(window)) mnuAddNew_Click(window);
+  });
+  window.mnuPutBack.Clicked.Bind([&window] {
+    if (CanChange(window)) mnuPutBack_Click(window);
+  });
+  window.mnuDeleteProgram.Clicked.Bind([&window] {
+    if (CanChange(window)) mnuDeleteProgram_Click(window);
+  });
 }
 
 void BindResults(frmMain& window) {
@@ -110,7 +132,9 @@ void BindResults(frmMain& window) {
   window.lvInvalidLoc.ColumnClicked.Bind(
       [&window](int column) { lvInvalidLoc_ColumnClick(window, column); });
   window.lvInvalidLoc.DoubleClicked.Bind([&window] { lvInvalidLoc_DblClick(window); });
-  window.cmdFix.Clicked.Bind([&window] { cmdFix_Click(window); });
+  window.cmdFix.Clicked.Bind([&window] {
+    if (CanChange(window)) cmdFix_Click(window);
+  });
   window.cmdCancel.Clicked.Bind([&window] { cmdCancel_Click(window); });
   window.cmdStopFix.Clicked.Bind([&window] { cmdStopFix_Click(window); });
   window.cmdFinish.Clicked.Bind([&window] { cmdFinish_Click(window); });

@@ -1,8 +1,10 @@
 #include "platform/hosted/capture.h"
 
+#include <fstream>
 #include <ostream>
 #include <string>
 
+#include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/registry_names.h"
 #include "platform/hosted/registry_settings.h"
 #include "platform/hosted/registry_store.h"
@@ -43,6 +45,17 @@ void CaptureSettings(std::string_view registry_export, std::string_view drives, 
   }
   out << "; Captured from another PC.\n\n";
   settings.Write(out);
+}
+
+void CapturePc(HostedPc& pc, const std::filesystem::path& folder) {
+  pc.registry().CopyLinkedKeys();
+  pc.registry().Save(folder / "registry.reg");
+  PcSettings settings = pc.settings();
+  settings.program_folder = PcSettings().program_folder;
+  std::ofstream out(folder / "pc.ini");
+  out << "; Captured from a disk.\n\n";
+  settings.Write(out);
+  if (!out.flush()) throw HostedPcError((folder / "pc.ini").string() + ": can't be written");
 }
 
 }  // namespace tidemark::hosted

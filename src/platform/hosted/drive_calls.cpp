@@ -29,7 +29,8 @@ const PcDrive* Named(char letter) {
 }
 
 bool IsThere(char letter) {
-  if (HostedPc::Current().settings().unknown_drives.contains(letter)) return false;
+  const auto& settings = HostedPc::Current().settings();
+  if (letter == settings.hidden_drive || settings.unknown_drives.contains(letter)) return false;
   return Named(letter) != nullptr || RootStatus(letter) != ERROR_PATH_NOT_FOUND;
 }
 

@@ -18,6 +18,10 @@ using tidemark::hosted::PcSettings;
 constexpr HRESULT kInvalidArgument = static_cast<HRESULT>(0x80070057);
 constexpr HRESULT kFileNotFound = static_cast<HRESULT>(0x80070002);
 
+HRESULT FromStatus(LONG status) {
+  return static_cast<HRESULT>(0x80070000U | static_cast<DWORD>(status));
+}
+
 std::string Expanded(std::string_view text) {
   const PcSettings& settings = HostedPc::Current().settings();
   std::string expanded;
@@ -85,6 +89,9 @@ HRESULT SHGetFolderPathA(HWND, int folder, HANDLE, DWORD, LPSTR path) {
   const auto known = pc.settings().special_folders.find(folder & ~kFlags);
   if (known == pc.settings().special_folders.end()) return kInvalidArgument;
   FileStore& files = pc.files();
+  DWORD attributes = 0;
+  const LONG status = files.GetAttributes(known->second, attributes);
+  if (status == ERROR_NOT_READY || status == ERROR_ACCESS_DENIED) return FromStatus(status);
   if (!IsFolder(files, known->second) &&
       ((folder & CSIDL_FLAG_CREATE) == 0 || !MakeWithParents(files, known->second))) {
     return kFileNotFound;

@@ -2,8 +2,10 @@
 // registry editor, running beside the program, is doing to a file at this moment.
 #include <string_view>
 
+#include "platform/hosted/clock.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/hosted_pc.h"
+#include "platform/hosted/recycle_bin.h"
 #include "platform/hosted/registry_editor.h"
 #include "platform/winapi.h"
 
@@ -101,7 +103,13 @@ BOOL CloseHandle(HANDLE handle) { return Answer(Pc().files().Close(handle)); }
 
 BOOL DeleteFileA(LPCSTR path) {
   HostedPc& pc = Pc();
-  return Answer(IsBeingWritten(pc, path) ? ERROR_SHARING_VIOLATION : pc.files().Delete(Text(path)));
+  if (IsBeingWritten(pc, path)) return Answer(ERROR_SHARING_VIOLATION);
+  if (!pc.recycle_bin().TakesWhatIsDeleted(Text(path)))
+    return Answer(pc.files().Delete(Text(path)));
+  DWORD attributes = 0;
+  if (const LONG status = pc.files().GetAttributes(Text(path), attributes)) return Answer(status);
+  if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) return Answer(ERROR_ACCESS_DENIED);
+  return Answer(pc.recycle_bin().Throw(Text(path), pc.clock().LocalTime()));
 }
 
 BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists) {

@@ -6,12 +6,19 @@
 //   recycled/         the recycle bin; recycle_bin.h says what is in it
 //   pc.ini            environment variables, special folders, locale, drive kinds
 //
+// or it is a mounted disk of Windows, whose registry is read from its hives and written back to
+// them. pc.ini may name such a disk.
+//
 // Used by the native program, the tests and the benchmarks; nothing else names it.
 #pragma once
 
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/hosted/pc_choice.h"
 
 namespace tidemark::hosted {
 
@@ -36,7 +43,7 @@ class HostedPc {
   // Reads the folder and switches the PC on: from here to the destructor the platform calls of this
   // process act on it. Throws HostedPcError, and nothing in the folder is changed, when the folder
   // is no hosted PC, can't be written, or holds a registry.reg or pc.ini that can't be understood.
-  explicit HostedPc(const std::filesystem::path& folder);
+  explicit HostedPc(const std::filesystem::path& folder, DiskChoice choice = {});
 
   // Switches the PC off without saving: what was changed in the registry since the last ShutDown is
   // lost, as when the plug is pulled. (Files are on disk at once.)
@@ -53,6 +60,13 @@ class HostedPc {
 
   // False when another process was working on the folder when this PC was switched on.
   bool IsSoleUser() const;
+
+  // Why nothing on the PC can be changed, as one line; empty when it can.
+  const std::string& WhyReadOnly() const;
+  // What the person should know of how the PC was found, one line each.
+  std::vector<std::string> Notes() const;
+  // Files of the host that are kept from before changes, until the person lets them go.
+  std::vector<std::filesystem::path> FormerFiles() const;
 
   const std::filesystem::path& folder() const { return folder_; }
   PcSettings& settings() { return *settings_; }

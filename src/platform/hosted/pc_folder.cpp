@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/hosted/disk/windows_disk.h"
 #include "platform/hosted/folder_recycle_bin.h"
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_parts.h"
@@ -25,7 +26,9 @@ void Check(const fs::path& folder) {
   const fs::path registry = folder / kRegistryFile;
   const bool has_registry = fs::exists(registry, error);
   if (!has_registry && !fs::is_directory(folder / "drives", error)) {
-    Refuse(folder, "is no hosted PC: it holds neither registry.reg nor drives");
+    const std::string disk = WindowsDisk::WhyNone(folder);
+    if (!disk.empty()) Refuse(folder, disk);
+    Refuse(folder, "is no hosted PC: it holds neither registry.reg nor drives, and no Windows");
   }
   if (access(folder.c_str(), R_OK | W_OK | X_OK) != 0) Refuse(folder, "can't be written");
   if (!has_registry) return;
@@ -50,14 +53,17 @@ class IniSettings : public SettingsSource {
 
 }  // namespace
 
-PcParts PartsOfPcFolder(const fs::path& folder) {
+PcParts PartsOfPcFolder(const fs::path& folder, PcSettings settings) {
   Check(folder);
   PcParts parts;
   parts.lock = std::make_unique<FolderLock>(folder);
-  PcSettings settings = PcSettings::Read(folder / "pc.ini");
   parts.registry = std::make_unique<ScriptRegistry>(folder / kRegistryFile, settings.user_sid);
   parts.settings = std::make_unique<IniSettings>(std::move(settings));
-  parts.make_recycle_bin = [folder](FileStore& files) {
+  parts.places = [folder](const PcSettings&) { return DrivePlaces(folder); };
+  parts.is_sole_user = [lock = parts.lock.get()] { return lock->taken(); };
+  parts.notes = [] { return std::vector<std::string>(); };
+  parts.former_files = [] { return std::vector<fs::path>(); };
+  parts.make_recycle_bin = [folder](const PcSettings&, FileStore& files) {
     return std::make_unique<FolderRecycleBin>(folder / "recycled", files);
   };
   return parts;

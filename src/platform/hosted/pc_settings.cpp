@@ -69,7 +69,8 @@ std::optional<DWORD> ReadAttributes(std::string_view letters) {
 // line, or an empty text.
 class Reader {
  public:
-  explicit Reader(PcSettings& settings) : settings_(settings) {}
+  Reader(PcSettings& settings, std::filesystem::path folder)
+      : settings_(settings), folder_(std::move(folder)) {}
 
   std::string Line(std::string_view line) {
     line = Trimmed(line);
@@ -93,6 +94,7 @@ class Reader {
         {"[folders]", &Reader::Folder},
         {"[user]", &Reader::User},
         {"[locale]", &Reader::Locale},
+        {"[disk]", &Reader::Disk},
         {"[drives]", &Reader::DriveLine},
         {"[program]", &Reader::Program},
         {"[denied]", &Reader::Denied},
@@ -151,6 +153,21 @@ class Reader {
       if (!ReadNames(value, settings_.month_names)) return "not 12 names divided by commas";
     } else if (key == "code page") {
       if (value != "1252") return "code page " + std::string(value) + " is not known, only 1252";
+    } else {
+      return Unknown("key", name);
+    }
+    return {};
+  }
+
+  std::string Disk(std::string_view name, std::string_view value) {
+    const std::string key = UpperCase(name);
+    const auto place = (folder_ / value).lexically_normal();
+    if (key == "FOLDER") {
+      settings_.disk.folder = place;
+    } else if (key == "USER") {
+      settings_.disk.user = value;
+    } else if (key.size() == 1 && key[0] >= 'A' && key[0] <= 'Z') {
+      settings_.disk.drives[key[0]] = place;
     } else {
       return Unknown("key", name);
     }
@@ -219,6 +236,7 @@ class Reader {
   }
 
   PcSettings& settings_;
+  std::filesystem::path folder_;  // of pc.ini
   Lines section_ = nullptr;
 };
 
@@ -284,8 +302,7 @@ void PcSettings::SetVariable(std::string_view name, std::string_view value) {
   }
 }
 
-PcSettings PcSettings::Read(const std::filesystem::path& file) {
-  PcSettings settings;
+PcSettings PcSettings::Read(const std::filesystem::path& file, PcSettings settings) {
   std::error_code ignored;
   if (!std::filesystem::exists(file, ignored)) return settings;
   std::ifstream stream(file, std::ios::binary);
@@ -295,7 +312,7 @@ PcSettings PcSettings::Read(const std::filesystem::path& file) {
   if (!stream.is_open() || stream.bad() || std::filesystem::is_directory(file, ignored)) {
     throw HostedPcError(file.string() + ": can't be read");
   }
-  Reader reader(settings);
+  Reader reader(settings, std::filesystem::absolute(file).parent_path());
   std::string line;
   for (std::size_t number = 1; std::getline(text, line); ++number) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

@@ -9,6 +9,9 @@
 //                  code page=1252
 //   [drives]       C=fixed label=System        fixed, removable, cdrom, network, ramdisk; behind
 //                  N=network share=\\srv\docs   the kind "not ready", "label=", "share="
+//   [disk]         folder=/mnt/windows         the PC is a mounted disk of Windows, and has its
+//                  user=anna                   registry, its files and its settings, but for those
+//                  D=/mnt/data                 named here; paths may begin at the folder of pc.ini
 //   [program]      folder=C:\...               where the program stands, and its current folder
 //   [denied]       key=HKEY_...  file=C:\...   what answers "access denied"; may be repeated
 //   [editor]       start-up=1                  milliseconds until a registry editor is up
@@ -32,6 +35,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/hosted/pc_choice.h"
 #include "platform/hosted/pc_drive.h"
 #include "platform/winapi.h"
 
@@ -61,6 +65,9 @@ struct PcSettings {
   // Letters of which it is not known whether there is a drive: none is listed, and what lies there
   // is not known to be gone.
   std::set<char> unknown_drives;
+  char hidden_drive = '\0';  // holds the program's folder, and is listed nowhere
+
+  DiskChoice disk;  // a folder when the PC is a mounted disk of Windows
 
   std::vector<std::string> denied_keys;
   std::vector<std::string> denied_files;
@@ -75,9 +82,9 @@ struct PcSettings {
   const std::string* Variable(std::string_view name) const;
   void SetVariable(std::string_view name, std::string_view value);
 
-  // Reads the file over the initial values. A missing file is fine; throws HostedPcError, naming
-  // file and line, for a line that can't be understood.
-  static PcSettings Read(const std::filesystem::path& file);
+  // Reads the file over the settings that are given. A missing file is fine; throws HostedPcError,
+  // naming file and line, for a line that can't be understood.
+  static PcSettings Read(const std::filesystem::path& file, PcSettings settings = {});
   // Writes environment, folders, user, locale, drives and the program's folder in that form. Beside
   // them settings are those of tests, which nobody captures.
   void Write(std::ostream& out) const;

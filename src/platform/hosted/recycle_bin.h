@@ -32,6 +32,9 @@ class RecycleBin {
   // Puts the file with that index of List() back to where it was; folders that are gone meanwhile
   // are made. ERROR_FILE_EXISTS when there is a file again.
   virtual LONG Restore(std::size_t index) = 0;
+
+  // Whether the file goes there also when a program deletes it for good.
+  virtual bool TakesWhatIsDeleted(std::string_view /*path*/) const { return false; }
 };
 
 }  // namespace tidemark::hosted

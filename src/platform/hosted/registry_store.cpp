@@ -42,6 +42,15 @@ int Depth(const RegistryKey* key) {
   return depth;
 }
 
+void CopyKey(const RegistryKey& from, RegistryKey& to) {
+  for (std::size_t i = 0; i < from.value_count(); ++i) {
+    to.SetValue(from.value(i).name(), from.value(i).type(), from.value(i).data());
+  }
+  for (std::size_t i = 0; i < from.key_count(); ++i) {
+    CopyKey(from.key(i), to.MakeKey(from.key(i).name()));
+  }
+}
+
 bool LiesAtOrBelow(std::string_view name, std::string_view top) {
   return name.size() >= top.size() && SameName(name.substr(0, top.size()), top) &&
          (name.size() == top.size() || name[top.size()] == '\\');
@@ -84,6 +93,14 @@ void RegistryStore::MarkSaved() {
 bool RegistryStore::ChangedBelow(const RegistryKey& mount) const {
   return std::any_of(mounts_.begin(), mounts_.end(),
                      [&](const auto& known) { return known.key == &mount && known.changed; });
+}
+
+void RegistryStore::CopyLinkedKeys() {
+  for (const LinkedKey& link : links_) {
+    if (link.target != &aside_) CopyKey(*link.target, link.parent->MakeKey(link.name));
+  }
+  links_.clear();
+  ++tree_version_;
 }
 
 bool RegistryStore::IsLink(const RegistryView& parent, std::string_view name) const {

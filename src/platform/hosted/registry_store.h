@@ -56,6 +56,8 @@ class RegistryStore {
   // is enumerated, and who opens it is at the target. Neither can be deleted, and the link is not
   // stored.
   void Link(RegistryKey& parent, std::string_view name, RegistryKey& target);
+  // Puts a copy of what it leads to in the place of each link within the roots.
+  void CopyLinkedKeys();
   // Whether the name below the key is a link.
   bool IsLink(const RegistryView& parent, std::string_view name) const;
   // Says that a hive hangs on the key, which then can't be deleted. Whether anything below it was
@@ -136,7 +138,7 @@ class RegistryStore {
   };
 
   struct LinkedKey {
-    const RegistryKey* parent;
+    RegistryKey* parent;
     std::string name;
     RegistryKey* target;
     std::unique_ptr<RegistryKey> listed;  // stands in the list; null when a key of that name does

@@ -6,6 +6,7 @@
 
 #include "platform/hosted/folder_recycle_bin.h"
 #include "platform/hosted/pc_settings.h"
+#include "platform/hosted/short_names.h"
 #include "tests/support/temporary_folder.h"
 
 namespace tidemark::hosted {
@@ -111,6 +112,48 @@ TEST_F(FileStoreTest, NoRecordLeadsOutOfThePc) {
     EXPECT_FALSE(fs::exists(root_ / "drives/x")) << path;
     fs::remove(root_ / "drives/C/x");
   }
+}
+
+TEST_F(FileStoreTest, OnADiskLinksLeadWhereTheyDoForWindowsAndShortNamesAreNotTakenForGone) {
+  fs::create_directories(root_ / "disk/Users/anna");
+  Put(root_ / "disk/Users/anna/a.txt");
+  Put(root_ / "disk/Users/long name.txt");
+  const fs::path users = root_ / "disk/Users";
+  for (const auto& [name, target] :
+       {std::pair<const char*, fs::path>{"disk/Documents and Settings", "/?\?/C:/USERS"},
+        {"disk/byhost", users},
+        {"disk/relative", "Users\\anna"},
+        {"disk/outside", "/etc"},
+        {"disk/circle", "circle"},
+        {"disk/packed.exe", "unsupported reparse tag 0x80000017"}}) {
+    fs::create_symlink(target, root_ / name);
+  }
+  FileStore files(DrivePlaces(std::map<char, fs::path>{{'C', root_ / "disk"}}), settings_);
+  const auto status = [&](const char* path) {
+    DWORD attributes = 0;
+    return files.GetAttributes(path, attributes);
+  };
+  const std::pair<const char*, LONG> kPaths[] = {
+      {"c:\\documents and settings\\anna\\A.TXT", ERROR_SUCCESS},
+      {"C:\\byhost\\anna", ERROR_SUCCESS},
+      {"C:\\relative\\a.txt", ERROR_SUCCESS},
+      {"C:\\relative\\b.txt", ERROR_FILE_NOT_FOUND},
+      {"C:\\outside\\passwd", ERROR_ACCESS_DENIED},
+      {"C:\\circle\\x", ERROR_ACCESS_DENIED},
+      {"C:\\packed.exe", ERROR_ACCESS_DENIED},
+      {"C:\\Users\\LONGNA~1.TXT", ERROR_ACCESS_DENIED},
+      {"C:\\PROGRA~1\\x", ERROR_ACCESS_DENIED},
+      {"C:\\Users\\gone", ERROR_FILE_NOT_FOUND},
+  };
+  for (const auto& [path, expected] : kPaths) EXPECT_EQ(status(path), expected) << path;
+  EXPECT_NE(files.Delete("C:\\byhost"), ERROR_SUCCESS);
+  // Where the file system tells them they are names like others.
+  short_name_of = [](const std::string& path) {
+    return std::optional<std::string>(path.ends_with("long name.txt") ? "LONGNA~1.TXT" : "");
+  };
+  EXPECT_EQ(status("C:\\Users\\longna~1.txt"), ERROR_SUCCESS);
+  EXPECT_EQ(status("C:\\Users\\LONGNA~2.TXT"), ERROR_FILE_NOT_FOUND);
+  short_name_of = nullptr;
 }
 
 }  // namespace

@@ -84,7 +84,8 @@ TEST_F(HostedPcTest, ABadFolderGivesOneClearLine) {
   EXPECT_EQ(Refusal(), "/registry.reg: is read-only, so what is changed could not be kept");
   fs::remove(root_ / "registry.reg");
   fs::remove_all(root_ / "drives");
-  EXPECT_EQ(Refusal(), ": is no hosted PC: it holds neither registry.reg nor drives");
+  EXPECT_EQ(Refusal(),
+            ": is no hosted PC: it holds neither registry.reg nor drives, and no Windows");
   fs::remove_all(root_);
   EXPECT_EQ(Refusal(), ": there is no such folder");
 }
