@@ -18,7 +18,7 @@ TEST(LogonTask, SaysWhoStartsWhatAndWithWhichRights) {
 }
 
 TEST(LogonTask, IsRegisteredAgainAndRemovedOnce) {
-  const TestPc pc;
+  const TestPc pc(TestPc::Registry::kLive);
   const HRESULT first = RegisterLogonTask({"C:\\R&D \xC3\xA4\\tidemark.exe", "/m"});
   constexpr HRESULT kServiceNotRunning = -0x7FFBECEB;
   if (first == kServiceNotRunning) GTEST_SKIP() << "the Task Scheduler does not run";
