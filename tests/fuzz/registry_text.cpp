@@ -12,6 +12,7 @@
 namespace {
 
 using namespace tidemark::hosted;
+using tidemark::ScriptForm;
 
 std::string Exported(std::string_view script, ScriptForm form) {
   RegistryStore store("S-1-5-21-0-0-0-1000");

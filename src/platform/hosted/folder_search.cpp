@@ -146,7 +146,8 @@ bool FolderSearch::Search::Advance(Entry& entry) {
 FolderSearch::FolderSearch(const std::string& pattern) : search_(std::make_unique<Search>()) {
   const LONG status = search_->Open(pattern);
   found_ = status == ERROR_SUCCESS && search_->Advance(entry_);
-  if (!found_) SetLastError(status != ERROR_SUCCESS ? status : ERROR_FILE_NOT_FOUND);
+  if (!found_)
+    SetLastError(status != ERROR_SUCCESS ? static_cast<DWORD>(status) : ERROR_FILE_NOT_FOUND);
 }
 
 FolderSearch::~FolderSearch() = default;

@@ -82,8 +82,10 @@ TEST(HiveCheck, TellsWhatIsWrong) {
   const auto key = [](const std::string& hive, const char* name) {
     return Find(hive, name) - kName;
   };
-  const auto of = [&](const char* name, std::size_t place, std::uint32_t number) {
-    return [=](std::string& hive) { Put(hive, key(hive, name) + place, number); };
+  const auto of = [&](const char* name, int place, std::uint32_t number) {
+    return [=](std::string& hive) {
+      Put(hive, key(hive, name) + static_cast<std::size_t>(place), number);
+    };
   };
   const auto rest = [](std::string& hive) { Put(hive, 508, HiveChecksum(hive)); };
   const struct {
