@@ -42,7 +42,7 @@ void ScanAssocKey(frmMain& window, HKEY hive, const std::string& key) {
   for (DWORD index = 0; index < walked.values; ++index) {
     const WalkedValue value(walked, index);
     UpdStatus(window, key, value.name);
-    if (IsInvalidPath(value.data)) {
+    if (value.is_there && IsInvalidPath(value.data)) {
       AddtoList(window, hive, key, value.name, value.data, value.type,
                 window.Reasons[kInvalidPath]);
     }

@@ -123,7 +123,7 @@ void ScanClassKey(frmMain& window, HKEY hive, const std::string& key) {
     WalkedValue value(walked, index);
     UpdStatus(window, key, value.name);
     StripNull(value.name);
-    if (judged) {
+    if (judged && value.is_there) {
       if (const auto reason = Judge(window, value, leaf)) {
         AddtoList(window, hive, key, value.name, value.data, value.type, *reason);
       }

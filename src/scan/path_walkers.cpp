@@ -18,7 +18,7 @@ void ScanPathKey(frmMain& window, HKEY hive, const std::string& key) {
   for (DWORD index = 0; index < walked.values; ++index) {
     const WalkedValue value(walked, index);
     UpdStatus(window, key, value.name);
-    if (IsInvalidPath(value.data)) {
+    if (value.is_there && IsInvalidPath(value.data)) {
       AddtoList(window, hive, key, value.name, value.data, value.type,
                 window.Reasons[kInvalidPath]);
     }
@@ -64,7 +64,7 @@ void ScanSharedDllKey(frmMain& window, HKEY hive, const std::string& key) {
     WalkedValue value(walked, index);
     UpdStatus(window, key, value.name);
     StripNull(value.name);
-    if (!TrimBlanks(value.name).empty() && !CheckValid(value.name)) {
+    if (value.is_there && !TrimBlanks(value.name).empty() && !CheckValid(value.name)) {
       AddtoList(window, hive, key, value.name, value.data, value.type,
                 window.Reasons[kSharedFileMissing]);
     }
@@ -90,7 +90,7 @@ void ScanFontKey(frmMain& window, HKEY hive, const std::string& key) {
   RaiseMaximum(window, walked.sub_keys + walked.values);
   for (DWORD index = 0; index < walked.values; ++index) {
     const WalkedValue value(walked, index);
-    if (!value.data.empty() && !CheckValid(fonts + value.data)) {
+    if (value.is_there && !value.data.empty() && !CheckValid(fonts + value.data)) {
       AddtoList(window, hive, key, value.name, value.data, value.type,
                 window.Reasons[kInvalidFont]);
     }

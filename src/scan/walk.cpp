@@ -20,6 +20,7 @@ std::string WalkedKey::SubKeyName(DWORD index) const {
 
 WalkedValue::WalkedValue(const WalkedKey& key, DWORD index) {
   EnumRegValue(key.handle.Get(), index, name, data, type);
+  is_there = name.ends_with('\0');
 }
 
 std::string ChildPath(const std::string& key, const std::string& name) {

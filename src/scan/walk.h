@@ -26,6 +26,9 @@ struct WalkedValue {
   std::string name;
   std::string data;
   DWORD type = 0;
+  // The name came with its NUL. Else the value is none to judge: it lies past the end, where others
+  // have gone meanwhile, or its name does not fit, and the data may be that of another one.
+  bool is_there = false;
 };
 
 std::string ChildPath(const std::string& key, const std::string& name);

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "helpers/system_helpers.h"
+#include "registry/mdlRegistry.h"
 #include "scan/scan.h"
 #include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
@@ -64,6 +66,29 @@ TEST(ScanClassKey, FollowsTheChainForEachValue) {
     const Rows expected =
         *one.reason == '\0' ? Rows{} : Rows{std::string(one.name) + "|" + one.reason};
     EXPECT_EQ(on.NamesAndReasons(), expected) << one.key << " / " << one.name << " / " << one.data;
+  }
+}
+
+TEST(Walkers, PassOverAValueThatIsGoneOrWhoseNameDoesNotFit) {
+  WindowPc on;
+  const std::string key = "CLSID\\{1}\\InprocServer32";
+  on.pc.SetText(HKEY_CLASSES_ROOT, key, "", GetWindowsDir());
+  on.pc.SetText(HKEY_CLASSES_ROOT, key, "ThreadingModel", "Both");
+  // The values are counted behind the first yield.
+  on.front_end.AtYield(2, [&] { DeleteRegValue(HKEY_CLASSES_ROOT, key, "ThreadingModel"); });
+  ScanClassKey(on.window, HKEY_CLASSES_ROOT, key);
+  EXPECT_EQ(on.NamesAndReasons(), Rows{}) << "a value that has gone is no empty default value";
+  // Asked for by the name that came, none, the second value's data would be the default value's.
+  on.pc.SetText(HKEY_CLASSES_ROOT, "Long", "", "C:\\gone folder\\gone.exe");
+  on.pc.SetText(HKEY_CLASSES_ROOT, "Long", std::string(300, 'n'), "Both");
+  for (const auto& [walker, rows] : {std::pair{&ScanClassKey, 1},
+                                     {ScanPathKey, 1},
+                                     {ScanSharedDllKey, 0},
+                                     {ScanFontKey, 1},
+                                     {ScanAssocKey, 1}}) {
+    on.window.lvInvalidLoc.Clear();
+    walker(on.window, HKEY_CLASSES_ROOT, "Long");
+    EXPECT_EQ(on.window.lvInvalidLoc.Count(), rows);
   }
 }
 
