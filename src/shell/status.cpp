@@ -58,9 +58,7 @@ void SetStat(frmMain& window) {
 int WorkProgress(const frmMain& window) {
   if (window.ScanRunning) return window.pbarScan.Percent();
   // The repair's stop button is there as long as the repair runs.
-  if (window.picClear.Visible() && window.cmdStopFix.Visible()) {
-    return window.ProgressBar2.Percent();
-  }
+  if (window.cmdStopFix.Visible()) return window.ProgressBar2.Percent();
   return -1;
 }
 

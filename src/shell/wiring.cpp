@@ -11,6 +11,7 @@
 #include "shell/open_dialogs.h"
 #include "shell/options.h"
 #include "shell/pages.h"
+#include "shell/running_work.h"
 #include "shell/scheduler.h"
 #include "shell/status.h"
 #include "shell/tray.h"
@@ -38,7 +39,10 @@ void BindForm(frmMain& window) {
 
 void BindPages(frmMain& window) {
   window.cmdMenuHome.Clicked.Bind([&window] { cmdMenuHome_Click(window); });
-  window.cmdMenuScan.Clicked.Bind([&window] { cmdMenuScan_Click(window); });
+  window.cmdMenuScan.Clicked.Bind([&window] {
+    cmdMenuScan_Click(window);
+    ShowRunningWork(window);
+  });
   window.cmdMenuBackups.Clicked.Bind([&window] { cmdMenuBackups_Click(window); });
   window.cmdMenuAdvanced.Clicked.Bind([&window] { cmdMenuAdvanced_Click(window); });
   for (int index = 0; index < window.lblOptions.Count(); ++index) {

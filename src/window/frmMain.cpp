@@ -75,6 +75,8 @@ void DesignHome(frmMain& window) {
   window.cmdTellaFriend.SetCaption("&Tell a Friend");
   window.cmdHelp.SetCaption("H&elp");
   window.cmdAbout.SetCaption("&About");
+  window.IMGRegistryStatus.SetPictureFile(window.application.folder +
+                                          "\\Images\\RegHealth-Unknown.jpg");
   NameControls({{window.IMGRegistryStatus, "Registry health"}});
 }
 

@@ -110,7 +110,12 @@ TEST(Repair, AStopFinishesTheRowInWorkAndClosesAsUsual) {
     on.pc.SetText(HKEY_CURRENT_USER, "Made", name, "data");
     on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", name, "data"});
   }
-  on.front_end.AtYield(2, [&on] { on.window.cmdStopFix.Click(); });
+  on.front_end.AtYield(2, [&on] {
+    on.window.cmdMenuHome.Click();
+    on.window.cmdMenuScan.Click();  // the way back
+    EXPECT_TRUE(on.window.picClear.Visible() && !on.window.picScan.Visible());
+    on.window.cmdStopFix.Click();
+  });
   cmdFix_Click(on.window);
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "b", "gone"), "gone");
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "c", "gone"), "data");

@@ -68,6 +68,7 @@ TEST(Shell, ClosingInMidScanSavesTheSelectionAndEnds) {
 
 TEST(Shell, TheHealthPictureFollowsTheOutstandingErrors) {
   ShellPc on;
+  EXPECT_EQ(ShellPc::Picture(on.window.IMGRegistryStatus), "RegHealth-Unknown.jpg");
   for (const auto& [errors, health] : {std::pair{"6", "Low"},
                                        {"5", "Low"},
                                        {"0", "Healthy"},
@@ -101,13 +102,14 @@ TEST(Shell, TheScanPageComesBackAsTheScanHasIt) {
   on.window.pbarScan.SetValue(40);
   on.window.lblstatus.SetCaption("here");
   on.window.ScanRunning = true;
-  cmdMenuScan_Click(on.window);
+  on.window.cmdMenuScan.Click();
+  EXPECT_EQ(on.window.picScan.Controls().back(), &on.window.lvScan);
   EXPECT_EQ(on.window.pbarScan.Value(), 40);
   EXPECT_EQ(on.window.lblstatus.Caption(), "here");
   on.window.ScanRunning = false;
   for (Control* control : {&on.window.cmdBack, &on.window.cmdScan}) control->SetVisible(false);
   on.window.cmdStop.SetVisible(true);
-  cmdMenuScan_Click(on.window);
+  on.window.cmdMenuScan.Click();
   EXPECT_TRUE(on.window.cmdScan.Visible() && on.window.cmdBack.Visible());
   EXPECT_FALSE(on.window.cmdStop.Visible());
   EXPECT_EQ(on.window.picScan.Controls().back(), &on.window.lvLocations);
