@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/unicode.h"
 #include "platform/unique_handle.h"
 #include "platform/winapi.h"
 
@@ -10,11 +11,16 @@ namespace {
 
 using Error = FileSystemObject::Error;
 
-// What the scripting runtime makes of the last error.
+// What the scripting runtime makes of the last error. Where it knows no more, the device is to
+// blame: an offline server, a locked volume, a disk that can't be read.
 Error ErrorOf(DWORD status) {
   switch (status) {
     case ERROR_FILE_NOT_FOUND:
       return Error::kFileNotFound;
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_INVALID_DRIVE:
+      return Error::kPathNotFound;
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
       return Error::kPermissionDenied;
@@ -28,23 +34,45 @@ Error ErrorOf(DWORD status) {
     case ERROR_INVALID_NAME:
       return Error::kBadFileName;
     default:
-      return Error::kPathNotFound;
+      return Error::kDeviceUnavailable;
   }
 }
 
+// Whether nothing can be at the path. Any other error says that it could not be looked at.
+bool IsMissing(Error error) {
+  return error == Error::kFileNotFound || error == Error::kPathNotFound ||
+         error == Error::kBadFileName;
+}
+
+// Whether a path can look like this, which a command line mostly can't.
+bool IsPathByForm(std::string_view text) {
+  constexpr std::string_view kForbidden = "\"*<>?|";
+  constexpr int kLongestName = 255;  // characters
+  int name = 0;
+  for (std::size_t position = 0; position < text.size(); ++position) {
+    const char c = text[position];
+    const bool is_control = static_cast<unsigned char>(c) < 0x20;
+    if (is_control || kForbidden.find(c) != std::string_view::npos) return false;
+    if (c == ':' && position != 1) return false;
+    if (c == '\\' || c == '/') {
+      name = 0;
+    } else if (!ContinuesCharacter(c) && ++name > kLongestName) {
+      return false;
+    }
+  }
+  return true;
+}
+
 // What GetFolder makes of attributes just asked for.
-Error FolderError(DWORD attributes) {
+Error FolderError(const std::string& path, DWORD attributes) {
   if (attributes != INVALID_FILE_ATTRIBUTES) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Error::kNone : Error::kPathNotFound;
   }
-  switch (GetLastError()) {
-    case ERROR_NOT_READY:
-      return Error::kDiskNotReady;
-    case ERROR_ACCESS_DENIED:
-      return Error::kPermissionDenied;
-    default:
-      return Error::kPathNotFound;
-  }
+  const DWORD status = GetLastError();
+  // Too long for the call, it was not looked for: what can be a path may be there.
+  if (status == ERROR_FILENAME_EXCED_RANGE && !IsPathByForm(path)) return Error::kPathNotFound;
+  const Error error = ErrorOf(status);
+  return IsMissing(error) ? Error::kPathNotFound : error;
 }
 
 UniqueFile Open(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
@@ -87,7 +115,7 @@ Error FileSystemObject::GetFile(const std::string& path, File& result) const {
   const DWORD attributes = GetFileAttributesA(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
     const Error error = ErrorOf(GetLastError());
-    return error == kPermissionDenied || error == kDiskNotReady ? error : kFileNotFound;
+    return IsMissing(error) ? kFileNotFound : error;
   }
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return kFileNotFound;
   result.path_ = path;
@@ -96,13 +124,13 @@ Error FileSystemObject::GetFile(const std::string& path, File& result) const {
 
 Error FileSystemObject::GetFolder(const std::string& path) const {
   if (path.empty()) return kInvalidCall;
-  return FolderError(GetFileAttributesA(path.c_str()));
+  return FolderError(path, GetFileAttributesA(path.c_str()));
 }
 
 FileSystemObject::Kind FileSystemObject::KindOf(const std::string& path) const {
   if (path.empty()) return Kind::kUnknown;
   const DWORD attributes = GetFileAttributesA(path.c_str());
-  switch (FolderError(attributes)) {
+  switch (FolderError(path, attributes)) {
     case kNone:
       return Kind::kFolder;
     case kPathNotFound:

@@ -42,8 +42,8 @@ class FileSystemObject {
   // it can't be listed.
   Error GetFolder(const std::string& path, Folder& result) const;
 
-  // kFileNotFound for what is no file, kPermissionDenied, kDiskNotReady; kInvalidCall for the empty
-  // text.
+  // kFileNotFound for what is no file, kPermissionDenied, kDiskNotReady, kDeviceUnavailable;
+  // kInvalidCall for the empty text.
   Error GetFile(const std::string& path, File& result) const;
 
   // True for a file; a folder, or any failure, gives false.
@@ -51,7 +51,8 @@ class FileSystemObject {
   bool FolderExists(const std::string& path) const;
 
   // What GetFolder fails with: kPathNotFound for a missing folder, for a file, and for a text that
-  // can be no path; kInvalidCall for the empty text; kDiskNotReady, kPermissionDenied.
+  // can be no path; kInvalidCall for the empty text; kDiskNotReady, kPermissionDenied, and
+  // kDeviceUnavailable for whatever else hides what is there.
   Error GetFolder(const std::string& path) const;
 
   // What stands at the path, by one look: what FileExists and GetFolder would say of it together.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "helpers/key_names.h"
@@ -70,10 +71,36 @@ TEST(CheckValid, LeansTowardsValidForWhatItCannotUnderstand) {
       {"%NoSuchVariable%\\gone.exe", true},
       {"%NoSuchVariable%;C:\\gone folder\\gone.exe", false},
       {"", true},  // the file-system object calls an empty folder name a mistake, not missing
+      // Too long to be looked for.
+      {"C:\\gone folder\\" + std::string(300, '\\') + "gone.exe", true},
+      {"\"C:\\gone folder\\gone.exe\" " + std::string(300, 'x'), false},
       {"gone", false},
       {"gone.exe", false},
   };
   for (const Judged& one : cases) EXPECT_EQ(CheckValid(one.text), one.valid) << one.text;
+}
+
+TEST(CheckValid, WhatCannotBeLookedAtIsNotGone) {
+  TestPc pc;
+  if (!TestPc::CanFault()) GTEST_SKIP() << "drives can't be made on this ground";
+  for (const auto& [drive, valid] : {std::pair{"cdrom not ready", true},
+                                     {"network error=53", true},    // no such server now
+                                     {"network error=67", true},    // no such share now
+                                     {"fixed error=33", true},      // a locked volume
+                                     {"removable error=23", true},  // bad sectors
+                                     {"fixed error=32", true},      // a sharing violation
+                                     {"fixed error=5", true},
+                                     {"fixed error=2", false},
+                                     {"fixed error=3", false},
+                                     {"fixed error=15", false},
+                                     {"fixed error=123", false},
+                                     {"fixed error=161", false}}) {
+    pc.SetDrive('E', drive);
+    // On a drive that fails, a name of any form may be that of a file.
+    for (const char* text : {"E:\\Disc\\play.exe", "E:\\Disc\\play.exe -x:1"}) {
+      EXPECT_EQ(CheckValid(text), valid) << drive << ' ' << text;
+    }
+  }
 }
 
 TEST(CheckValid, FindsBareNamesInTheSystemFoldersAlone) {

@@ -103,6 +103,7 @@ TEST(FileSystemObject, DrivesAreOfManyKinds) {
       {'N', "network label=Papers share=\\\\server\\docs", "3 1 Papers \\\\server\\docs"},
       {'O', "network", "3 1  "},
       {'R', "ramdisk", "5 1  "},
+      {'X', "network error=53 label=Off share=\\\\server\\docs", "3 0 - \\\\server\\docs"},
   };
   std::string letters;
   for (const auto& [letter, description, told] : kCases) {

@@ -67,13 +67,12 @@ TEST(ShortCuts, ReportsLinksWhoseTargetIsGoneInAllThreePlaces) {
   on.Link(on.desktop + "remote.lnk", "\\\\tidemark-no-host\\share\\a.exe");
   on.window.IgnoreList.slots = {LowerCase("Known " + on.gone + " " + on.desktop), ""};
   ShortCuts(on.window);
-  std::string remote = on.Row(on.desktop + "remote.lnk", "remote");
-  remote.replace(remote.find(on.gone), on.gone.size(), "\\\\tidemark-no-host\\share\\a.exe");
   EXPECT_EQ(on.Findings(),
             (Lines{on.Row(on.common + "Apps\\Deep\\a.LNK", "a"), on.Row(on.common + "z.lnk", "z"),
-                   on.Row(on.user + "z.lnk", "z"), remote}));
-  EXPECT_EQ(on.window.ProblemCount, 4);
-  EXPECT_EQ(on.window.lvScan.Item(1)->SubItem(2), "4") << "the ignored link is not counted";
+                   on.Row(on.user + "z.lnk", "z")}))
+      << "a server that does not answer may come back";
+  EXPECT_EQ(on.window.ProblemCount, 3);
+  EXPECT_EQ(on.window.lvScan.Item(1)->SubItem(2), "3") << "the ignored link is not counted";
 }
 
 TEST(ShortCuts, TellsWhereItIs) {

@@ -107,7 +107,7 @@ std::string TestPc::RegisteredLogonTask() {
 void TestPc::SetDrive(char letter, const std::string& description) {
   hosted::PcDrive& drive = ground_->pc.settings().drives[letter];
   EXPECT_EQ(hosted::ReadDrive(description, drive), "");
-  ground_->pc.files().SetDriveReady(letter, drive.ready);
+  ground_->pc.files().SetDriveStatus(letter, drive.status);
   fs::create_directories(ground_->host.path() / "drives" / std::string(1, letter));
 }
 std::vector<std::string> TestPc::Recycled() {

@@ -42,9 +42,9 @@ bool IsSameOrBelow(std::string_view path, std::string_view folder) {
 FileStore::FileStore(const DrivePlaces& places, const PcSettings& settings)
     : pc_folder_(places.folder), folders_(places) {
   SetCurrentFolder(settings.program_folder);
-  for (const char letter : settings.unknown_drives) SetDriveReady(letter, false);
+  for (const char letter : settings.unknown_drives) SetDriveStatus(letter, ERROR_NOT_READY);
   for (const auto& [letter, drive] : settings.drives) {
-    SetDriveReady(letter, drive.ready);
+    SetDriveStatus(letter, drive.status);
   }
   for (const std::string& path : settings.denied_files) DenyFile(path);
   for (const auto& [path, attributes] : settings.attributes) {
@@ -52,11 +52,15 @@ FileStore::FileStore(const DrivePlaces& places, const PcSettings& settings)
   }
 }
 
-// The text in path_, and the status of the path as such.
+// The text in path_, and the status of the path as such. What characters a name may hold is for the
+// drive's file system to say, and a drive that fails has none.
 LONG FileStore::Resolve(std::string_view path) {
-  if (const LONG status = NormalisePath(path, current_folder_, path_)) return status;
-  const bool ready = drives_not_ready_.empty() || !drives_not_ready_.contains(path_.upper[0]);
-  return ready ? ERROR_SUCCESS : ERROR_NOT_READY;
+  const LONG status = NormalisePath(path, current_folder_, path_);
+  if (failing_drives_.empty() || (status != ERROR_SUCCESS && status != ERROR_INVALID_NAME)) {
+    return status;
+  }
+  const auto failing = failing_drives_.find(DriveOf(path, current_folder_));
+  return failing == failing_drives_.end() ? status : failing->second;
 }
 
 // The same, and what is there.
@@ -279,11 +283,11 @@ void FileStore::AllowAllFiles() { denied_.clear(); }
 
 void FileStore::FillDisk(std::optional<std::uint64_t> bytes_left) { bytes_left_ = bytes_left; }
 
-void FileStore::SetDriveReady(char letter, bool ready) {
-  if (ready) {
-    drives_not_ready_.erase(letter);
+void FileStore::SetDriveStatus(char letter, LONG status) {
+  if (status == ERROR_SUCCESS) {
+    failing_drives_.erase(letter);
   } else {
-    drives_not_ready_.insert(letter);
+    failing_drives_[letter] = status;
   }
 }
 

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -92,8 +92,8 @@ class FileStore {
   void AllowAllFiles();
   // Leaves so many bytes on the disks; no value: they are as large as the host's again.
   void FillDisk(std::optional<std::uint64_t> bytes_left);
-  // Whether a disk is in the drive, or its server answers.
-  void SetDriveReady(char letter, bool ready);
+  // What every call on the drive fails with from now on; ERROR_SUCCESS for none.
+  void SetDriveStatus(char letter, LONG status);
 
  private:
   static constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
@@ -121,7 +121,7 @@ class FileStore {
   std::filesystem::path pc_folder_;
   FolderCache folders_;
   std::string current_folder_ = "C:\\";
-  std::set<char> drives_not_ready_;
+  std::map<char, LONG> failing_drives_;
   PcPath path_;  // the path of the call at work; kept for its memory
   // Hidden, system and archive of the files whose attributes are not just "archive", and read-only
   // of folders, by path in capitals. The read-only of a file is the host's write permission.

@@ -1,6 +1,7 @@
 #include "platform/hosted/pc_drive.h"
 
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 #include <utility>
 
@@ -44,13 +45,20 @@ std::string ReadDrive(std::string_view text, PcDrive& drive) {
   PcDrive read;
   std::string_view share;
   std::string_view label;
+  std::string_view error;
   std::string_view behind;
   const std::string whole(text);
   if (CutAt(" share=", text, share) && !IsShare(share)) return "not a share as \\\\server\\share";
   if (CutAt(" label=", text, label) && (label.empty() || Utf16Length(label) > kLongestLabel)) {
     return "not a label of 1 to 32 characters";
   }
-  read.ready = !CutAt(" not ready", text, behind);
+  if (CutAt(" error=", text, error)) {
+    const auto [end, fault] = std::from_chars(error.begin(), error.end(), read.status);
+    if (fault != std::errc{} || end != error.end() || read.status <= 0) {
+      return "not a platform's error number";
+    }
+  }
+  if (CutAt(" not ready", text, behind)) read.status = ERROR_NOT_READY;
   const auto* const kind =
       std::find_if(std::begin(kKinds), std::end(kKinds),
                    [name = LowerCase(text)](const auto& known) { return known.first == name; });
@@ -68,7 +76,11 @@ std::string DriveText(const PcDrive& drive) {
   for (const auto& [name, kind] : kKinds) {
     if (kind == drive.kind) text = name;
   }
-  if (!drive.ready) text += " not ready";
+  if (drive.status == ERROR_NOT_READY) {
+    text += " not ready";
+  } else if (drive.status != ERROR_SUCCESS) {
+    text += " error=" + std::to_string(drive.status);
+  }
   if (!drive.label.empty()) text += " label=" + drive.label;
   if (!drive.share.empty()) text += " share=" + drive.share;
   return text;

@@ -50,20 +50,23 @@ void AppendComponent(std::string& text, std::string_view component, bool last) {
   text += component;
 }
 
+bool IsOnNoDrive(std::string_view path) {
+  return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]);
+}
+
+bool NamesDrive(std::string_view path) {
+  return path.size() >= 2 && path[1] == ':' && IsLetter(path[0]);
+}
+
 // Starts the result with what the beginning of the path says, and cuts that off.
 LONG TakeRoot(std::string_view& path, std::string_view current_folder, std::string& text) {
-  if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) {
+  if (IsOnNoDrive(path)) {
     const bool device = path.size() >= 3 && (path[2] == '?' || path[2] == '.');
     return device ? ERROR_INVALID_NAME : ERROR_BAD_NETPATH;
   }
-  char drive = current_folder[0];
-  bool from_root = false;
-  if (path.size() >= 2 && path[1] == ':' && IsLetter(path[0])) {
-    const char letter = static_cast<char>(path[0] & ~0x20);
-    from_root = letter != drive;  // the other drives' current folders are their roots
-    drive = letter;
-    path.remove_prefix(2);
-  }
+  const char drive = DriveOf(path, current_folder);
+  const bool from_root = drive != current_folder[0];  // the other drives are in their roots
+  if (NamesDrive(path)) path.remove_prefix(2);
   if (from_root || (!path.empty() && IsSeparator(path[0]))) {
     text.assign({drive, ':', '\\'});
   } else {
@@ -93,6 +96,11 @@ LONG NormalisePath(std::string_view path, std::string_view current_folder, PcPat
   if (result.text.size() > kMost && Utf16Length(result.text) > kMost) return ERROR_PATH_NOT_FOUND;
   SetUpper(result);
   return ERROR_SUCCESS;
+}
+
+char DriveOf(std::string_view path, std::string_view current_folder) {
+  if (IsOnNoDrive(path)) return '\0';
+  return NamesDrive(path) ? static_cast<char>(path[0] & ~0x20) : current_folder[0];
 }
 
 bool IsPcName(std::string_view name) {

@@ -21,6 +21,9 @@ struct PcPath {
 // undefined.
 LONG NormalisePath(std::string_view path, std::string_view current_folder, PcPath& result);
 
+// The capital letter of the drive that the path is on; 0 for one on no drive.
+char DriveOf(std::string_view path, std::string_view current_folder);
+
 // What stands behind the last backslash.
 inline std::string_view LastName(std::string_view path) {
   return path.substr(path.find_last_of('\\') + 1);

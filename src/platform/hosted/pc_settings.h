@@ -8,7 +8,9 @@
 //                  day names=Sunday,...  month names=January,...
 //                  code page=1252
 //   [drives]       C=fixed label=System        fixed, removable, cdrom, network, ramdisk; behind
-//                  N=network share=\\srv\docs   the kind "not ready", "label=", "share="
+//                  N=network share=\\srv\docs   the kind "not ready", "label=", "share=";
+//                  Q=network error=53          what every access to it fails with: an offline
+//                                              server (53, 67), a locked volume (33), ...
 //   [disk]         folder=/mnt/windows         the PC is a mounted disk of Windows, and has its
 //                  user=anna                   registry, its files and its settings, but for those
 //                  D=/mnt/data                 named here; paths may begin at the folder of pc.ini

@@ -67,6 +67,8 @@ TEST_F(HostedPcTest, ABadFolderGivesOneClearLine) {
       {"[drives]\nC=fixed label=My Disk\nN=Network Not Ready Label=x Share=\\\\a\\b\nR=ramdisk\n",
        ""},
       {"[drives]\nC=fixed share=\\\\a\\b", "/pc.ini:2: a share of what is no network drive"},
+      {"[drives]\nX=network error=53 label=x\n", ""},
+      {"[drives]\nX=network error=none", "/pc.ini:2: not a platform's error number"},
       {"[drives]\nC=tape", "/pc.ini:2: unknown drive kind \"tape\""},
       {"[editor]\nduration=-1", "/pc.ini:2: not a number of milliseconds"},
       {"[user]\nname=\xFF", "/pc.ini:2: not UTF-8 text"},

@@ -31,7 +31,7 @@ void AddMountedDevices(RegistryStore& registry, PcSettings& settings) {
                            : devices->FindValue(std::string("\\DosDevices\\") + letter + ':');
     if (device == nullptr) continue;
     settings.drives[letter].kind = KindOfDevice(device->data());
-    settings.drives[letter].ready = false;
+    settings.drives[letter].status = ERROR_NOT_READY;
   }
 }
 
