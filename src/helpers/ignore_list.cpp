@@ -58,7 +58,10 @@ void LoadIgnoreLst(IgnoreList& list, const std::string& program_folder) {
   list.slots.assign(kBuiltInEntries.begin(), kBuiltInEntries.end());
   const std::string file = ListFile(program_folder);
   if (!IsExistingFile(file)) return;
-  const std::string text = FromSystemCodePage(FileSystemObject().ReadAll(file).value_or(""));
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors put it there
+  std::string bytes = FileSystemObject().ReadAll(file).value_or("");
+  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  const std::string text = FromSystemCodePage(bytes);
   for (const std::string& field : ReadDelimitedFields(text)) {
     if (!TrimBlanks(field).empty()) PutInLastSlot(list, field);
   }
@@ -76,8 +79,11 @@ void AddToSafeList(IgnoreList& list, const std::string& program_folder, std::str
   if (TrimBlanks(entry).empty()) return;
   const std::string file = ListFile(program_folder);
   if (!IsExistingFile(file)) return;
+  // A last line of the user's may have no end.
+  const std::string before = FileSystemObject().ReadAll(file).value_or("");
+  const bool in_line = !before.empty() && before.back() != '\n' && before.back() != '\r';
   // A line that can't be written is passed over; the entry still counts until the program ends.
-  FileSystemObject().Append(file, ToSystemCodePage(entry) + "\r\n");
+  FileSystemObject().Append(file, (in_line ? "\r\n" : "") + ToSystemCodePage(entry) + "\r\n");
   PutInLastSlot(list, entry);
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "helpers/system_helpers.h"
+#include "platform/unicode.h"
 #include "platform/unique_handle.h"
 
 namespace tidemark {
@@ -122,8 +123,8 @@ std::optional<Stored> Encoded(DWORD type, const RegistryData& data) {
 }  // namespace
 
 void cRegistry::SetMachine(std::string machine) {
-  constexpr std::size_t kShortest = 3;
-  if (machine.size() < kShortest) {
+  constexpr std::size_t kTooShort = 2;
+  if (FirstCharacters(machine, kTooShort).size() == machine.size()) {
     machine.clear();
   } else if (!machine.starts_with("\\\\")) {
     machine.insert(0, "\\\\");

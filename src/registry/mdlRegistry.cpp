@@ -174,7 +174,13 @@ DWORD CountRegItems(HKEY key, RegItems kind) {
   DWORD sub_keys = 0;
   DWORD values = 0;
   GetRegKeyInfo(key, sub_keys, values);
-  return kind == RegItems::kSubKeys ? sub_keys : values;
+  switch (kind) {
+    case RegItems::kValues:
+      return values;
+    case RegItems::kSubKeys:
+      return sub_keys;
+  }
+  return 0;
 }
 
 void GetRegKeyInfo(HKEY key, DWORD& sub_keys, DWORD& values) {

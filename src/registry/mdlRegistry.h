@@ -38,6 +38,7 @@ void SaveRegString(HKEY root, const std::string& sub_key, const std::string& nam
 HKEY OpenRegKey(HKEY root, const std::string& sub_key);
 
 enum class RegItems { kValues = 0, kSubKeys = 1 };
+// 0 for any other kind.
 DWORD CountRegItems(HKEY key, RegItems kind);
 
 // 0 for both when the key can't be asked.

@@ -91,14 +91,14 @@ void SummarizeRow(frmMain& window, const ListItem& row) {
   const double problems = LeadingNumber(row.SubItem(kProblems).View());
   if (problems <= 0) return;
   ListItem* found = window.lvFound.Add(row.Key(), row.Caption());
-  if (found == nullptr) return;
-  found->SetSubItem(1, row.SubItem(kProblems));
+  if (found != nullptr) found->SetSubItem(1, row.SubItem(kProblems));
   const DiagnosticTest* test = FindDiagnosticTest(row.Key().View());
   if (test == nullptr) return;
   const auto severity = static_cast<std::size_t>(test->severity);
+  window.SeverityCounts[severity] += RoundToLong(problems).value_or(0);
+  if (found == nullptr) return;
   found->SetSmallIcon(test->severity + 1);
   found->SetSubItem(2, kSeverityWords[severity]);
-  window.SeverityCounts[severity] += RoundToLong(problems).value_or(0);
 }
 
 void ShowFindings(frmMain& window) {

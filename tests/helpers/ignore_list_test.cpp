@@ -55,6 +55,20 @@ TEST(IgnoreList, TakesTheLinesOfItsFileInSystemCodePage) {
   EXPECT_TRUE(IsInIngnoreList(list, "clsid\\{1}")) << "an entry with a comma comes back as two";
 }
 
+TEST(IgnoreList, KeepsWhatAnEditorHasMadeOfItsFile) {
+  TestPc pc;
+  const std::string file = pc.program_folder() + "\\Ignorelst.ini";
+  pc.MakeFile(file,
+              "\xEF\xBB\xBF"
+              "first\r\nlast");
+  IgnoreList list;
+  LoadIgnoreLst(list, pc.program_folder());
+  EXPECT_TRUE(IsInIngnoreList(list, "the first one")) << "the mark is no part of it";
+  AddToSafeList(list, pc.program_folder(), "added");
+  AddToSafeList(list, pc.program_folder(), "more");
+  EXPECT_TRUE(pc.ReadFile(file).ends_with("first\r\nlast\r\nadded\r\nmore\r\n"));
+}
+
 TEST(IgnoreList, ReadsDelimitedFieldsOfAnyBytes) {
   const std::vector<std::pair<std::string, Fields>> cases = {
       {"", {}},

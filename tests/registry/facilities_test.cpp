@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "registry/cRegistry.h"
@@ -46,6 +47,11 @@ TEST(RegistryClass, StoresByTypeReadsBackAndRefusesWhatATypeCannotHold) {
 TEST(RegistryClass, ListsMakesAndDeletes) {
   TestPc pc;
   cRegistry registry(HKEY_CURRENT_USER, kKey, "name", REG_SZ, {});
+  for (const auto& [machine, kept] :
+       {std::pair{"ab", ""}, {"\xC3\xA4\xC3\xB6", ""}, {"abc", "\\\\abc"}, {"", ""}}) {
+    registry.SetMachine(machine);
+    EXPECT_EQ(registry.Machine(), kept) << machine;
+  }
   EXPECT_FALSE(registry.KeyExists());
   EXPECT_TRUE(registry.CreateKey());
   EXPECT_TRUE(registry.KeyExists());

@@ -44,6 +44,7 @@ TEST(Registry, SettingsAreTextAndEverythingElseGivesTheDefault) {
   EXPECT_EQ(read("text"), "\xC3\xA4");
   for (const char* no_text : {"number", "expand", "none"}) EXPECT_EQ(read(no_text), "default");
   const UniqueKey key(OpenRegKey(HKEY_CURRENT_USER, kKey));
+  EXPECT_EQ(CountRegItems(key.Get(), static_cast<RegItems>(2)), 0U);
   EXPECT_EQ(GetOpenKeyString(key.Get(), "text"), "\xC3\xA4");
   EXPECT_EQ(GetOpenKeyString(key.Get(), "number"), "");
   DeleteRegValue(HKEY_CURRENT_USER, kKey, "text\0"s);

@@ -43,7 +43,10 @@ TEST(Scan, ShowsFindingsByTestAndSeverityAndStoresItsStatistics) {
   EXPECT_FALSE(on.window.picScan.Visible() || on.window.ScanRunning);
   EXPECT_EQ(Stored("LastCount"), "4");
   EXPECT_EQ(Stored("OutstandingErrors"), "4");
+  on.front_end.When([&on] { return on.window.ScanRunning; },
+                    [&on] { on.window.lvFound.Add("STARTUP", "held already"); });
   cmdScan_Click(on.window);
+  EXPECT_EQ(on.window.SeverityCounts[2], 2);
   EXPECT_EQ(Stored("TotalCount"), "8");
   EXPECT_EQ(on.window.lvInvalidLoc.Count(), 4) << "the lists were cleared";
 }
