@@ -27,6 +27,7 @@
 #include "shell/status.h"
 #include "tests/repair/round_trip_pc.h"
 #include "tests/repair/undo_model.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tidemark {
 namespace {
@@ -154,7 +155,8 @@ TEST_F(RoundTrip, AKilledProcessLeavesTheOldRegistryAndAnUndoFileThatFitsIt) {
     EXPECT_THROW(cmdFix_Click(on->window), Killed);
     EXPECT_EQ(Differences(on->model->repaired(), TakeSnapshot()), kNone);
     // The folder as it was left; the PC's own end would delete it.
-    const fs::path left = folder.string() + "-killed";
+    const TemporaryFolder keeper;
+    const fs::path left = keeper.path() / "killed";
     fs::rename(folder, left);
     const std::string undo_file = on->UndoFile();
     const RegistrySnapshot before = std::move(on->before);
@@ -166,7 +168,6 @@ TEST_F(RoundTrip, AKilledProcessLeavesTheOldRegistryAndAnUndoFileThatFitsIt) {
       EXPECT_EQ(Differences(before, TakeSnapshot()), kNone);
       EXPECT_EQ(Differences(model.Restored(before), AfterImport(undo_file)), kNone);
     }
-    fs::remove_all(left);
   });
 }
 
