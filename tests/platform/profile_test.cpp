@@ -107,8 +107,10 @@ TEST(ProfileFiles, WhatIsNotChangedStaysToTheLastByte) {
   EXPECT_EQ(GetLastError(), DWORD{ERROR_DISK_FULL});
   EXPECT_EQ(pc.ReadFile(file), before);
   SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_FALSE(WritePrivateProfileStringA("S", "k", nullptr, file.c_str()));
-  EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+  for (const char* const text : {static_cast<const char*>(nullptr), "\u00C4"}) {
+    EXPECT_FALSE(WritePrivateProfileStringA("S", "k", text, file.c_str())) << "it may stand there";
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+  }
 }
 
 // The live registry: the platform finds the mapping there.

@@ -114,6 +114,15 @@ DWORD AnswerList(const Names& names, LPSTR text, DWORD size) {
   return static_cast<DWORD>(cut.size());
 }
 
+// The file is opened to be written even for what stands in it already.
+LONG CheckWritable(const std::string& path) {
+  FileStore& files = Files();
+  HANDLE file = nullptr;
+  bool existed = false;
+  const LONG status = files.Open(path, {.access = GENERIC_READ | GENERIC_WRITE}, file, existed);
+  return status == ERROR_SUCCESS ? files.Close(file) : status;
+}
+
 LONG WriteToFile(const std::string& path, LPCSTR section, LPCSTR key, LPCSTR text) {
   LoadedProfile profile;
   const LONG status = Load(path, profile);
@@ -128,7 +137,7 @@ LONG WriteToFile(const std::string& path, LPCSTR section, LPCSTR key, LPCSTR tex
   } else {
     profile.text.Set(section, key, text);
   }
-  return profile.text.text() == former ? ERROR_SUCCESS : Save(path, profile);
+  return profile.text.text() == former ? CheckWritable(path) : Save(path, profile);
 }
 
 }  // namespace
