@@ -10,6 +10,8 @@
 
 namespace tidemark {
 
+class ListView;
+
 class Label : public ClickControl {
  public:
   using ClickControl::ClickControl;
@@ -25,6 +27,10 @@ class Label : public ClickControl {
   void SetBackColor(unsigned color) { back_color_ = color; }
   unsigned ForeColor() const { return fore_color_; }
   void SetForeColor(unsigned color) { fore_color_ = color; }
+
+  // The list over whose columns the caption's words stand, one each, with runs of blanks between
+  // them; null for every other label.
+  const ListView* heads = nullptr;
 
  private:
   Text caption_;

@@ -56,6 +56,8 @@ class ListView : public Control {
   std::vector<ColumnHeader> columns;
   // Whether the columns' headings are shown on a screen; a table of texts always has them.
   bool headings = true;
+  // How far a window has scrolled it to the right, in pixels.
+  int scrolled_pixels = 0;
   bool check_boxes = false;
   // The image list of the small icons: files below the program's folder, "\\images\\...", number 1
   // first.

@@ -192,9 +192,10 @@ void DesignTabs(frmMain& window) {
   window.cmdRestore.SetCaption("&Restore");
   window.cmdRemove.SetCaption("Re&move");
 
-  // The heading of the list, whose own is not shown; the blanks bring its words above the columns.
+  // The heading of the list, whose own is not shown.
   window.Label3.SetCaption("Program Name:" + std::string(24, ' ') +
                            "Command Line:" + std::string(85, ' ') + "Exists:");
+  window.Label3.heads = &window.lvPrograms;
   window.lvPrograms.headings = false;
   window.lvPrograms.columns = {{"Name", Twips(3704), {}},   {"Command Line", Twips(8643), {}},
                                {"Exists", Twips(1058), {}}, {"Section", 0, {}},

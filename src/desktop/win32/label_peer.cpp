@@ -1,10 +1,12 @@
 #include "desktop/win32/label_peer.h"
 
+#include <algorithm>
 #include <string>
 
 #include "desktop/win32/colors.h"
 #include "desktop/win32/gdi_objects.h"
 #include "platform/windows/wide_text.h"
+#include "toolkit/list_view.h"
 // It wants the platform's headers before it.
 #include <oleacc.h>
 
@@ -29,6 +31,10 @@ LabelPeer::LabelPeer(Label& label, Resources& resources, HWND parent)
 void LabelPeer::Refresh() {
   ClickablePeer::Refresh();
   if (!label_.Visible()) return;
+  if (label_.heads != nullptr && scrolled_pixels_ != label_.heads->scrolled_pixels) {
+    scrolled_pixels_ = label_.heads->scrolled_pixels;
+    Invalidate();
+  }
   const bool same_text = caption_ == label_.Caption();
   if (same_text && back_color_ == label_.BackColor() && fore_color_ == label_.ForeColor()) return;
   if (!same_text) {
@@ -51,12 +57,36 @@ void LabelPeer::PaintOn(HDC context, const RECT& area) {
     SetTextColor(context,
                  label_.Enabled() ? ColorOf(label_.ForeColor()) : GetSysColor(COLOR_GRAYTEXT));
     SetBkMode(context, TRANSPARENT);
-    RECT place = area;
-    const std::wstring text = Wide(caption_.View());
-    DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &place,
-              TextFormat(context, area, caption_.View()));
+    if (label_.heads != nullptr) {
+      PaintHeadings(context, area);
+    } else {
+      PaintText(context, area);
+    }
   }
   PaintFocus(context, area);
+}
+
+void LabelPeer::PaintText(HDC context, RECT area) const {
+  const std::wstring text = Wide(caption_.View());
+  DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &area,
+            TextFormat(context, area, caption_.View()));
+}
+
+// Each word where its column's texts begin, wherever the list has been scrolled to.
+void LabelPeer::PaintHeadings(HDC context, RECT area) const {
+  constexpr int kInsetAt96 = 6;  // of a text in its column
+  const std::wstring words = Wide(caption_.View());
+  area.left += resources_.Scaled(kInsetAt96) - scrolled_pixels_;
+  std::size_t at = 0;
+  for (const ColumnHeader& column : label_.heads->columns) {
+    if (at == std::wstring::npos) break;
+    const std::size_t end = words.find(L"  ", at);
+    area.right = area.left + resources_.Pixels(column.width_twips);
+    DrawTextW(context, words.data() + at, static_cast<int>(std::min(end, words.size()) - at), &area,
+              DT_NOPREFIX | DT_SINGLELINE | DT_END_ELLIPSIS);
+    area.left = area.right;
+    at = words.find_first_not_of(L' ', end);
+  }
 }
 
 long LabelPeer::Role() const { return Clickable() ? ROLE_SYSTEM_PAGETAB : 0; }

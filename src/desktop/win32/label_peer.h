@@ -15,10 +15,14 @@ class LabelPeer : public ClickablePeer {
   long Role() const override;
 
  private:
+  void PaintText(HDC context, RECT area) const;
+  void PaintHeadings(HDC context, RECT area) const;
+
   Label& label_;
   Text caption_;
   unsigned back_color_ = 0;
   unsigned fore_color_ = 0;
+  int scrolled_pixels_ = 0;  // of the list that it heads
 };
 
 }  // namespace tidemark

@@ -48,6 +48,7 @@ void ListViewPeer::Refresh() {
   // The window is ahead of the control until what a person has done has become an event.
   if (acts_posted_ == 0) ShowSelection();
   ShowChangedRows();
+  list_.scrolled_pixels = GetScrollPos(window_, SB_HORZ);
   refreshing_ = false;
 }
 
