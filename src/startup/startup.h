@@ -40,16 +40,20 @@ void ShowStartupBackground(frmMain& window);
 void lvPrograms_MouseUp(frmMain& window);
 // Offers to write the selected row's entry back, or to delete it.
 void lvPrograms_ContextMenu(frmMain& window);
+// Whether writing the row's entry back writes what stands there: a link, or a registry value whose
+// text is the row's command. An expandable text has no command, and would be emptied.
+bool CanWriteBack(const ListItem& program);
+// Both ask first.
 void mnuAddNew_Click(frmMain& window);
-// Asks first.
 void mnuDeleteProgram_Click(frmMain& window);
 
 // A person has ticked or cleared a row: carries its entry between the source and the disabled
 // store. A failure is told; the tick stays as the person set it.
 void EnabledDisableProgram(frmMain& window, ListItem& program);
 
-// Move a registry value from its key to the twin key and back. False, and a message, when the value
-// could not be written; it then stays where it was.
+// Move a registry value from its key to the twin key and back, with its own type and bytes: an
+// expandable text has no command in the list and comes back as it was all the same. False, and a
+// message, when the value could not be written; it then stays where it was.
 bool DisableProgram(frmMain& window, HKEY root, const std::string& path, const std::string& name,
                     const std::string& command);
 bool EnableProgram(frmMain& window, HKEY root, const std::string& path, const std::string& name,

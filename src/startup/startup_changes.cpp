@@ -4,6 +4,7 @@
 #include "helpers/modShortcut.h"
 #include "helpers/system_helpers.h"
 #include "platform/file_system_object.h"
+#include "registry/exact_registry.h"
 #include "registry/ini_access.h"
 #include "registry/mdlRegistry.h"
 #include "startup/startup.h"
@@ -60,10 +61,22 @@ void Complain(frmMain& window, const char* text, const char* title) {
   window.front_end.ShowMessage(text, title, MessageIcon::kCritical);
 }
 
+// An expandable text, and whatever else has no command, moves with its type and bytes; so does what
+// the row shows, with what its text could not hold. Another text that has taken its place does not.
 bool Move(HKEY root, const std::string& from, const std::string& to, const std::string& name,
           const std::string& command) {
+  ExactKey key;
+  ExactValue value;
+  const bool there =
+      ExactKey::Open(root, from, key) == ERROR_SUCCESS && key.Read(name, value) == ERROR_SUCCESS;
   DWORD disposition = 0;
-  if (!WriteRegValue(root, to, name, command, REG_SZ, disposition)) return false;
+  if (there && (value.type != REG_SZ || GetOpenKeyString(key.Handle(), name) == command)) {
+    ExactKey target;
+    if (ExactKey::Create(root, to, target) != ERROR_SUCCESS) return false;
+    if (target.Write(name, value) != ERROR_SUCCESS) return false;
+  } else if (!WriteRegValue(root, to, name, command, REG_SZ, disposition)) {
+    return false;
+  }
   DeleteItem(root, from, name);
   return true;
 }
@@ -128,6 +141,18 @@ void WriteLink(frmMain& window, const Entry& entry) {
   const NewShortcut link{.target = entry.command, .description = entry.name};
   if (WriteShortcut(window.front_end, file, AskBeforeReplacing::kYes, link)) return;
   Complain(window, "Unable to add new item", "New item creation failour");
+}
+
+// The selected row, after a yes; null otherwise, and where another row stands in its place since:
+// the list may be filled anew while the question is open.
+const ListItem* AskAboutSelected(frmMain& window, const char* question) {
+  const ListItem* program = window.lvPrograms.SelectedItem();
+  if (program == nullptr) return nullptr;
+  const Entry asked(*program);
+  const std::string text = question + ("\r\n" + asked.name + "\r\n" + asked.location);
+  if (!window.front_end.AskYesNo(text, window.application.title)) return nullptr;
+  program = window.lvPrograms.SelectedItem();
+  return program != nullptr && Entry(*program) == asked ? program : nullptr;
 }
 
 }  // namespace
@@ -196,20 +221,27 @@ void DeleteProgram(frmMain& window, const ListItem& program) {
   loadPrograms(window);
 }
 
+bool CanWriteBack(const ListItem& program) {
+  const Entry entry(program);
+  if (entry.kind != "Reg") return entry.kind == "Lnk";
+  const std::string live = GetSubKey(entry.location);
+  ExactKey key;
+  ExactValue value;
+  return ExactKey::Open(GetHKey(entry.location), entry.ticked ? live : TwinKey(live), key) ==
+             ERROR_SUCCESS &&
+         key.Read(entry.name, value) == ERROR_SUCCESS && value.type == REG_SZ &&
+         GetOpenKeyString(key.Handle(), entry.name) == entry.command;
+}
+
 void mnuAddNew_Click(frmMain& window) {
-  if (const ListItem* program = window.lvPrograms.SelectedItem()) AddNew(window, *program);
+  const ListItem* program =
+      AskAboutSelected(window, "Are you sure you want to write this entry back?");
+  if (program != nullptr && CanWriteBack(*program)) AddNew(window, *program);
 }
 
 void mnuDeleteProgram_Click(frmMain& window) {
-  const ListItem* program = window.lvPrograms.SelectedItem();
-  if (program == nullptr) return;
-  const Entry asked(*program);
-  const std::string question =
-      "Are you sure you want to delete this entry?\r\n" + asked.name + "\r\n" + asked.location;
-  if (!window.front_end.AskYesNo(question, window.application.title)) return;
-  // The list may have been filled anew while the question was open.
-  program = window.lvPrograms.SelectedItem();
-  if (program != nullptr && Entry(*program) == asked) DeleteProgram(window, *program);
+  const ListItem* program = AskAboutSelected(window, "Are you sure you want to delete this entry?");
+  if (program != nullptr) DeleteProgram(window, *program);
 }
 
 }  // namespace tidemark

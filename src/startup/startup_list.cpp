@@ -121,8 +121,13 @@ void lvPrograms_MouseUp(frmMain& window) {
 }
 
 void lvPrograms_ContextMenu(frmMain& window) {
-  const bool selected = window.lvPrograms.SelectedItem() != nullptr;
-  if (selected || HasStartupRecords(window)) window.front_end.PopupMenu(window.mnuPrograms);
+  const ListItem* selected = window.lvPrograms.SelectedItem();
+  window.mnuAddNew.SetEnabled(selected != nullptr && CanWriteBack(*selected));
+  window.mnuDeleteProgram.SetEnabled(selected != nullptr);
+  window.mnuPutBack.SetEnabled(HasStartupRecords(window));
+  if (selected != nullptr || window.mnuPutBack.Enabled()) {
+    window.front_end.PopupMenu(window.mnuPrograms);
+  }
 }
 
 }  // namespace tidemark

@@ -84,16 +84,23 @@ TEST(Startup, ListsEverySourceInOrderAndTheDisabledOnesBehindEach) {
 }
 
 TEST(Startup, ARegistryEntryGoesToItsTwinAndComesBackUnchanged) {
-  StartupPc on;
-  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "C:\\App \xC3\xA4.exe -x");
-  loadPrograms(on.window);
-  on.Tick("app", false);
-  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, "-" + kRun, "app"), "C:\\App \xC3\xA4.exe -x");
-  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
-  EXPECT_EQ(on.Row("app").SubItem(kEnabled), "Disabled");
-  on.Tick("app", true);
-  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, "app"), "C:\\App \xC3\xA4.exe -x");
-  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, "-" + kRun, "app"));
+  const TestValue values[] = {{REG_SZ, std::string("C:\\App \xC3\xA4.exe -x\0", 18)},
+                              {REG_EXPAND_SZ, std::string("%SystemRoot%\\a.exe\0", 19)},
+                              {REG_BINARY, "\1"}};
+  for (const TestValue& value : values) {
+    StartupPc on;
+    on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "app", value.bytes, value.type);
+    loadPrograms(on.window);
+    on.Tick("app", false);
+    EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, "-" + kRun, "app"), value);
+    EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
+    EXPECT_EQ(on.Row("app").SubItem(kEnabled), "Disabled");
+    on.Tick("app", true);
+    EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"), value);
+    EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, "-" + kRun, "app"));
+    on.window.lvPrograms.UserContextMenu(on.window.lvPrograms.Item(1));
+    EXPECT_EQ(on.window.mnuAddNew.Enabled(), value.type == REG_SZ) << "it would be emptied";
+  }
 }
 
 TEST(Startup, AnEntryThatCannotBeMovedStaysAndSaysSo) {
@@ -207,10 +214,12 @@ TEST(Startup, TheMenuWritesBackAndDeletesAfterAQuestion) {
     on.window.lvPrograms.UserContextMenu(on.window.lvPrograms.Item(1));
   };
   choose(on.window.mnuAddNew);
+  choose(on.window.mnuDeleteProgram);
+  EXPECT_EQ(on.window.lvPrograms.Count(), 1) << "no question was answered with yes";
+  on.front_end.AnswerYesNo(true);
+  choose(on.window.mnuAddNew);
   EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, "app"), "a.exe");
   EXPECT_EQ(on.window.lvPrograms.Count(), 2);
-  choose(on.window.mnuDeleteProgram);
-  EXPECT_EQ(on.window.lvPrograms.Count(), 2) << "the question was not answered with yes";
   on.front_end.AnswerYesNo(true);
   choose(on.window.mnuDeleteProgram);
   EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
