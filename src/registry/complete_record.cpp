@@ -180,31 +180,37 @@ void CompleteRecord::FinishKeeping() {
 }
 
 void CompleteRecord::Deleted() {
-  if (std::exchange(keeps_file_, false)) files_.Deleted();
+  if (std::exchange(keeps_file_, false) && !files_.Deleted()) ++stayed_;
   if (pieces_.empty()) return;
   // What could not be read is lost only if it could be deleted.
   if (incomplete_ && !broken_ && SomeAreGone()) ++failures_;
   broken_ = incomplete_ = false;
+  // Of the two halves of the classes the system takes the user's alone, which showed.
+  bool some_went = false;
   for (const Piece& piece : pieces_) {
-    const std::string number = std::to_string(piece.number);
-    const std::string mark = "stayed " + number + " ";
-    std::string full_name = FullName(piece.key);
-    ExactKey key;
-    const LSTATUS status = ExactKey::Open(piece.key.root, piece.key.path, key);
-    ExactValue value;
-    if (piece.value_name) {
-      if (status == ERROR_SUCCESS && key.Read(*piece.value_name, value) == ERROR_SUCCESS) {
-        writer_.Comment(mark + CodeLineBreaks(full_name));
-      }
-    } else if (status == ERROR_SUCCESS) {
-      NoteKeysLeft(key, full_name, mark);
-    } else if (status != ERROR_FILE_NOT_FOUND) {
-      writer_.Comment(mark + CodeLineBreaks(full_name));
-    }
-    writer_.Comment("gone " + number);
+    if (!NoteWhatIsLeft(piece)) some_went = true;
+    writer_.Comment("gone " + std::to_string(piece.number));
   }
+  if (!some_went) ++stayed_;
   writer_.Flush();
   pieces_.clear();
+}
+
+bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
+  const std::string mark = "stayed " + std::to_string(piece.number) + " ";
+  std::string full_name = FullName(piece.key);
+  ExactKey key;
+  const LSTATUS status = ExactKey::Open(piece.key.root, piece.key.path, key);
+  ExactValue value;
+  if (status == ERROR_SUCCESS && !piece.value_name) {
+    NoteKeysLeft(key, full_name, mark);
+    return true;
+  }
+  const bool stayed = piece.value_name ? status == ERROR_SUCCESS &&
+                                             key.Read(*piece.value_name, value) == ERROR_SUCCESS
+                                       : status != ERROR_FILE_NOT_FOUND;
+  if (stayed) writer_.Comment(mark + CodeLineBreaks(full_name));
+  return stayed;
 }
 
 bool CompleteRecord::SomeAreGone() const {

@@ -45,6 +45,8 @@ class CompleteRecord {
 
   // How many deletions took something that could not be kept.
   std::size_t failures() const { return failures_; }
+  // How many deletions took nothing.
+  std::size_t stayed() const { return stayed_; }
 
  private:
   struct Piece {
@@ -62,6 +64,7 @@ class CompleteRecord {
   void LeaveOut();
   void NoteKeysLeft(const ExactKey& key, std::string& full_name, const std::string& mark);
   bool SomeAreGone() const;
+  bool NoteWhatIsLeft(const Piece& piece);
   void EndPiece();
   void FinishKeeping();
 
@@ -74,6 +77,7 @@ class CompleteRecord {
   unsigned number_ = 0;
   unsigned left_out_ = 0;
   std::size_t failures_ = 0;
+  std::size_t stayed_ = 0;
   bool keeps_file_ = false;
   bool broken_ = false;      // what is kept now could not be written
   bool incomplete_ = false;  // some of it could not be read

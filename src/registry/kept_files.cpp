@@ -120,8 +120,10 @@ bool KeptFiles::Keep(const std::string& path) {
          list_.Append(LineOf(last_).append(kLineEnd)) && list_.Flush();
 }
 
-void KeptFiles::Deleted() {
-  if (!FileSystemObject().FileExists(last_.path)) Replaced();
+bool KeptFiles::Deleted() {
+  if (FileSystemObject().FileExists(last_.path)) return false;
+  Replaced();
+  return true;
 }
 
 void KeptFiles::Replaced() {

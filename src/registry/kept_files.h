@@ -33,8 +33,8 @@ class KeptFiles {
 
   // Copies the file; it and its line in the list are on the disk when this returns true.
   bool Keep(const std::string& path);
-  // To be called after the deletion; notes whether the last one has gone.
-  void Deleted();
+  // To be called after the deletion; notes, and tells, whether the last one has gone.
+  bool Deleted();
   // Instead: it is about to be replaced.
   void Replaced();
 

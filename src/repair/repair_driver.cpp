@@ -64,8 +64,11 @@ void RepairRows(frmMain& window, Repair& repair) {
 }
 
 void TellOnHomePage(frmMain& window, const Repair& repair) {
-  std::string text = "Problems repaired : " + std::to_string(repair.repaired) + ". ";
+  const std::size_t stayed = repair.record.stayed();
   const std::size_t failures = repair.record.failures();
+  std::string text = "Problems repaired : ";
+  text += std::to_string(static_cast<std::size_t>(repair.repaired) - stayed) + ". ";
+  if (stayed > 0) text += std::to_string(stayed) + " could not be deleted. ";
   if (failures == 0) {
     text += "All of it can be restored from the Backups page.";
   } else {
