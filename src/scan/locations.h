@@ -9,9 +9,10 @@ namespace tidemark {
 // number of entries than there are tests counts as all checked.
 void LoadLocations(frmMain& window);
 
-// Stores the names and descriptions, which nothing reads back, and the choice.
 // Says beside each test that is not run why; what is ticked stays ticked.
 void ShowUnknownTests(frmMain& window);
+
+// Stores the names and descriptions, which nothing reads back, and the choice.
 void SaveLocations(frmMain& window);
 
 // Checks or clears all tests, by the box's value, and stores both.

@@ -12,11 +12,11 @@ namespace tidemark {
 // and no more.
 void cmdScan_Click(frmMain& window);
 
-// Resets the bar and runs the walks of one test. A code that is no test's does nothing.
 // Why the test of that code is not run: what it would have to know is out of reach on this PC.
 // Empty when it can be run.
 std::string WhyUnknown(std::string_view code);
 
+// Resets the bar and runs the walks of one test. A code that is no test's does nothing.
 void ScanKey(frmMain& window, std::string_view code);
 
 }  // namespace tidemark
