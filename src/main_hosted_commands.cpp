@@ -30,6 +30,9 @@ int CaptureDisk(const HostedArguments& arguments) {
 
 int LetGoOfFormerHives(const HostedArguments& arguments) {
   const hosted::HostedPc pc(arguments.places[0], arguments.choice);
+  if (!pc.IsSoleUser()) {
+    throw hosted::HostedPcError(arguments.places[0] + ": another Tidemark is working on it");
+  }
   int status = 0;
   for (const fs::path& file : pc.FormerFiles()) {
     std::error_code error;

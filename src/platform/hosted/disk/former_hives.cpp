@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "platform/hosted/file_replacement.h"
@@ -106,13 +107,16 @@ void FormerHives::PutBack(const fs::path& hive, const fs::path& former) {
 }
 
 std::vector<fs::path> FormerHives::Kept() const {
-  std::vector<fs::path> kept;
+  std::set<fs::path> kept;
   std::error_code error;
   for (const Replacement& known : replacements_) {
     const std::string ending = known.former.substr(known.former.rfind(kEnding));
-    for (const fs::path& file : WithEnding(disk_ / known.hive, ending)) kept.push_back(file);
+    const std::vector<fs::path> files = WithEnding(disk_ / known.hive, ending);
+    kept.insert(files.begin(), files.end());
+    const fs::path cut_off = NewHiveName(disk_ / known.hive);
+    if (fs::exists(cut_off, error)) kept.insert(cut_off);
   }
-  return kept;
+  return {kept.begin(), kept.end()};
 }
 
 }  // namespace tidemark::hosted

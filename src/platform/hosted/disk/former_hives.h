@@ -30,7 +30,7 @@ class FormerHives {
   // HostedPcError; one of the two then lies there, whole.
   static void PutBack(const std::filesystem::path& hive, const std::filesystem::path& former);
 
-  // All that are still kept, logs included.
+  // All that are still kept, with their logs, and what a repair that was cut off has left.
   std::vector<std::filesystem::path> Kept() const;
 
  private:
