@@ -40,7 +40,7 @@ std::string Bytes(const fs::path& file) {
   return bytes.str();
 }
 
-// All that lies on the disk, with contents and all times.
+// All that lies on the disk, each with when it was changed last in any way.
 std::map<std::string, std::string> Everything(const fs::path& disk) {
   std::map<std::string, std::string> found;
   for (const auto& entry : fs::recursive_directory_iterator(disk)) {
@@ -48,7 +48,7 @@ std::map<std::string, std::string> Everything(const fs::path& disk) {
     lstat(entry.path().c_str(), &status);
     std::ostringstream text;
     text << status.st_mode << ' ' << status.st_ino << ' ' << status.st_size << ' '
-         << status.st_mtim.tv_sec << '.' << status.st_mtim.tv_nsec << ' ' << status.st_atim.tv_sec;
+         << status.st_ctim.tv_sec << '.' << status.st_ctim.tv_nsec;
     found[entry.path()] = text.str();
   }
   return found;
@@ -104,7 +104,6 @@ class Disk : public testing::Test {
 };
 
 TEST_F(Disk, ShowsWhatTheRunningPcShowsAndChangesNothing) {
-  Everything(disk_.disk);  // which is the first to read its folders
   const auto before = Everything(disk_.disk);
   {
     Session on(disk_);
@@ -264,6 +263,38 @@ TEST_F(Disk, AKillAtAnyStepOfARepairOrItsUndoLeavesOneWholeState) {
     EXPECT_FALSE(Bytes(hive) == old_state);
     EXPECT_EQ(Bytes(hive) == before, !makes_key);
   }
+}
+
+TEST_F(Disk, AllOfASessionIsStoredOrNothingAndSeveralRepairsAreUndoneAtOnce) {
+  const std::vector<fs::path> hives = {disk_.config / "SOFTWARE", disk_.profile / "NTUSER.DAT"};
+  const auto bytes = [&] { return Bytes(hives[0]) + Bytes(hives[1]); };
+  const auto change = [&](std::initializer_list<const char*> keys, bool makes) {
+    hosted::HostedPc pc(disk_.disk, disk_.choice);
+    for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+      for (const std::string key : keys) {
+        HKEY made = nullptr;
+        if (makes) RegCreateKeyA(root, ("Software\\" + key).c_str(), &made);
+        if (!makes) SHDeleteKeyA(root, ("Software\\" + key).c_str());
+      }
+    }
+    pc.ShutDown();
+  };
+  const std::string before = bytes();
+  const auto files = Everything(disk_.config).size();
+  static int renames = 0;
+  hosted::before_hive_step = [](const char* step) {
+    if (step == std::string("rename") && ++renames == 2) throw hosted::HostedPcError("a fault");
+  };
+  EXPECT_THROW(change({"One"}, true), hosted::HostedPcError);
+  hosted::before_hive_step = nullptr;
+  EXPECT_EQ(renames, 2);
+  EXPECT_TRUE(bytes() == before);
+  EXPECT_EQ(Everything(disk_.config).size(), files);
+  change({"One"}, true);
+  change({"Two"}, true);
+  EXPECT_FALSE(bytes() == before);
+  change({"One", "Two"}, false);
+  EXPECT_TRUE(bytes() == before);
 }
 
 TEST_F(Disk, ACaptureOfItIsAnOrdinaryPc) {

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <utility>
 
 #include "platform/hosted/disk/former_hives.h"
@@ -85,9 +86,11 @@ std::uint64_t Now() {
 
 struct DiskRegistry::Change {
   Mounted* mounted = nullptr;
-  fs::path former;  // is put back; empty when there is a new hive
-  std::string bytes;
+  std::uint64_t fingerprint = 0;  // of what lies there afterwards
+  fs::path former;                // is put back; empty when there is a new hive
+  std::string bytes;              // of that, until it is written
   std::vector<fs::path> logs;
+  std::unique_ptr<NewHive> file;
 
   bool is_one() const { return !former.empty() || !bytes.empty(); }
 };
@@ -230,7 +233,8 @@ void DiskRegistry::Save(RegistryStore& registry) {
     Change change = ChangeOf(mounted);
     if (change.is_one()) changes.push_back(std::move(change));
   }
-  for (Change& change : changes) Replace(change);
+  Replace(changes);
+  for (const Change& change : changes) change.mounted->fingerprint = change.fingerprint;
   registry.MarkSaved();
 }
 
@@ -241,37 +245,60 @@ DiskRegistry::Change DiskRegistry::ChangeOf(Mounted& mounted) {
     throw HostedPcError(mounted.file.string() +
                         ": was changed by another program meanwhile, so it is left as it is");
   }
-  Change change{&mounted, {}, {}, {}};
-  if (!DiffersFromHive(hive, *mounted.key)) return change;
-  const FormerHives formers(pc_->own_folder / "hives", pc_->disk.folder());
-  const fs::path former = formers.FormerOf(mounted.file, fingerprint);
-  if (!former.empty()) {
-    const HiveFile before = ReadHive(former);
-    RegistryKey held(nullptr, "");
-    if (before.report.writable()) LoadHive(before, held);
-    if (before.report.writable() && HoldTheSame(held, *mounted.key)) {
-      change.former = former;
-      mounted.fingerprint = FingerprintOf(before.bytes);
-      return change;
-    }
-  }
+  Change change;
+  change.mounted = &mounted;
+  if (!DiffersFromHive(hive, *mounted.key) || FindFormer(mounted, change)) return change;
   change.bytes = WriteHive(hive, *mounted.key, Now());
+  change.fingerprint = FingerprintOf(change.bytes);
   change.logs = hive.logs;
   return change;
 }
 
-void DiskRegistry::Replace(Change& change) {
-  Mounted& mounted = *change.mounted;
-  if (!change.former.empty()) {
-    FormerHives::PutBack(mounted.file, change.former);
-    return;
+// Back over all repairs in a row: several may have been undone at once.
+bool DiskRegistry::FindFormer(const Mounted& mounted, Change& change) const {
+  const FormerHives formers(pc_->own_folder / "hives", pc_->disk.folder());
+  std::set<std::uint64_t> seen;
+  change.fingerprint = mounted.fingerprint;
+  while (seen.insert(change.fingerprint).second) {
+    change.former = formers.FormerOf(mounted.file, change.fingerprint);
+    if (change.former.empty()) return false;
+    const HiveFile before = ReadHive(change.former);
+    change.fingerprint = FingerprintOf(before.bytes);
+    RegistryKey held(nullptr, "");
+    if (before.report.writable()) LoadHive(before, held);
+    if (before.report.writable() && HoldTheSame(held, *mounted.key)) return true;
   }
-  const fs::path former = FormerHives::NextName(mounted.file);
-  const std::uint64_t fingerprint = FingerprintOf(change.bytes);
-  FormerHives(pc_->own_folder / "hives", pc_->disk.folder())
-      .Note(mounted.file, fingerprint, former);
-  ReplaceHive({mounted.file, former, change.logs}, change.bytes);
-  mounted.fingerprint = fingerprint;
+  change.former.clear();
+  return false;
+}
+
+void DiskRegistry::Replace(std::vector<Change>& changes) {
+  try {
+    for (Change& change : changes) {
+      if (!change.former.empty()) continue;
+      const fs::path& hive = change.mounted->file;
+      change.file = std::make_unique<NewHive>(
+          HiveReplacement{hive, FormerHives::NextName(hive), change.logs}, change.bytes);
+      change.bytes.clear();
+    }
+    FormerHives formers(pc_->own_folder / "hives", pc_->disk.folder());
+    for (const Change& change : changes) {
+      if (!change.file) continue;
+      formers.Note(change.mounted->file, change.fingerprint, change.file->replacement().former);
+      change.file->PutInPlace();
+    }
+  } catch (const HostedPcError& error) {
+    for (Change& change : changes) {
+      const bool is_new = change.file && change.file->is_in_place();
+      if (is_new) FormerHives::PutBack(change.mounted->file, change.file->replacement().former);
+      change.file.reset();
+    }
+    throw HostedPcError(std::string(error.what()) + "; the disk's registry stays as it was");
+  }
+  // These need no room.
+  for (const Change& change : changes) {
+    if (!change.former.empty()) FormerHives::PutBack(change.mounted->file, change.former);
+  }
 }
 
 }  // namespace tidemark::hosted

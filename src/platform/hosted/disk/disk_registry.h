@@ -25,8 +25,9 @@ class DiskRegistry : public RegistrySource {
   // known.
   std::unique_ptr<RegistryStore> Load() override;
 
-  // Replaces each hive that was changed. All new ones are made before the first is replaced. Where
-  // the registry holds again what the former hive holds, that one is put back.
+  // Replaces each hive that was changed. All new ones lie on the disk before the first is put in
+  // its place; when one can't be, those before it go back. Where the registry holds again what a
+  // former hive holds, that one is put back.
   void Save(RegistryStore& registry) override;
 
  private:
@@ -46,7 +47,8 @@ class DiskRegistry : public RegistrySource {
   void LoadSettings(RegistryStore& registry);
   void SaveSettings(RegistryStore& registry) const;
   Change ChangeOf(Mounted& mounted);
-  void Replace(Change& change);
+  bool FindFormer(const Mounted& mounted, Change& change) const;
+  void Replace(std::vector<Change>& changes);
 
   std::shared_ptr<DiskPc> pc_;
   std::string why_read_only_;

@@ -1,6 +1,6 @@
 // Hive files ("regf"), in which the registry of a Windows PC lies on its disk: judging one, loading
 // it below a key of the registry, and making the bytes of a hive that holds what that key holds
-// now. Nothing here changes a file but ReplaceHive (hive_replacement.h).
+// now. Nothing here changes a file but NewHive (hive_replacement.h).
 #pragma once
 
 #include <cstdint>

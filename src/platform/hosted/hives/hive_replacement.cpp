@@ -19,36 +19,12 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void Refuse(const fs::path& path) {
-  throw HostedPcError(path.string() + ": " + std::strerror(errno));
+  throw HostedPcError(path.string() + ": can't be written: " + std::strerror(errno));
 }
 
 void Step(const char* name) {
   if (before_hive_step != nullptr) before_hive_step(name);
 }
-
-// A name that is new or was moved is gone again unless the replacement is kept.
-class Undo {
- public:
-  Undo() = default;
-  Undo(const Undo&) = delete;
-  Undo& operator=(const Undo&) = delete;
-  ~Undo() {
-    for (auto made = made_.rbegin(); made != made_.rend(); ++made) {
-      if (made->second.empty()) {
-        unlink(made->first.c_str());
-      } else {
-        rename(made->first.c_str(), made->second.c_str());
-      }
-    }
-  }
-
-  void Made(const fs::path& path) { made_.emplace_back(path, fs::path()); }
-  void Moved(const fs::path& from, const fs::path& to) { made_.emplace_back(to, from); }
-  void Keep() { made_.clear(); }
-
- private:
-  std::vector<std::pair<fs::path, fs::path>> made_;
-};
 
 void WriteNew(const fs::path& path, std::string_view bytes) {
   const HostFile file(open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
@@ -110,30 +86,63 @@ void KeepFormer(const fs::path& hive, const fs::path& former) {
 
 void (*before_hive_step)(const char* step) = nullptr;
 
-void ReplaceHive(const HiveReplacement& replacement, std::string_view bytes) {
-  const fs::path& hive = replacement.hive;
-  const fs::path folder = hive.parent_path();
-  const fs::path fresh = hive.string() + ".tidemark-new";
-  Undo undo;
+// A name that is new or was moved is gone again unless the replacement is kept.
+class NewHive::Undo {
+ public:
+  Undo() = default;
+  Undo(const Undo&) = delete;
+  Undo& operator=(const Undo&) = delete;
+  ~Undo() {
+    for (auto made = made_.rbegin(); made != made_.rend(); ++made) {
+      if (made->second.empty()) {
+        unlink(made->first.c_str());
+      } else {
+        rename(made->first.c_str(), made->second.c_str());
+      }
+    }
+  }
+
+  void Made(const fs::path& path) { made_.emplace_back(path, fs::path()); }
+  void Moved(const fs::path& from, const fs::path& to) { made_.emplace_back(to, from); }
+  void Keep() { made_.clear(); }
+
+ private:
+  std::vector<std::pair<fs::path, fs::path>> made_;
+};
+
+fs::path NewHiveName(const fs::path& hive) { return hive.string() + ".tidemark-new"; }
+
+NewHive::NewHive(HiveReplacement replacement, std::string_view bytes)
+    : replacement_(std::move(replacement)),
+      fresh_(NewHiveName(replacement_.hive)),
+      undo_(std::make_unique<Undo>()) {
   Step("write");
-  undo.Made(fresh);
-  WriteNew(fresh, bytes);
-  if (!Holds(fresh, bytes)) throw HostedPcError(fresh.string() + ": is not what was written");
-  TakeOverAttributes(hive, fresh);
+  undo_->Made(fresh_);
+  WriteNew(fresh_, bytes);
+  if (!Holds(fresh_, bytes)) throw HostedPcError(fresh_.string() + ": is not what was written");
+  TakeOverAttributes(replacement_.hive, fresh_);
+}
+
+NewHive::~NewHive() = default;
+
+void NewHive::PutInPlace() {
+  const fs::path& hive = replacement_.hive;
+  const fs::path folder = hive.parent_path();
   Step("keep");
-  KeepFormer(hive, replacement.former);
-  undo.Made(replacement.former);
-  for (const fs::path& log : replacement.logs) {
+  KeepFormer(hive, replacement_.former);
+  undo_->Made(replacement_.former);
+  for (const fs::path& log : replacement_.logs) {
     // The old hive is whole without them, and no log may ever lie beside a hive that it is not of.
-    const fs::path aside = log.string() + replacement.former.extension().string();
+    const fs::path aside = log.string() + replacement_.former.extension().string();
     Step("log");
     if (rename(log.c_str(), aside.c_str()) != 0) Refuse(log);
-    undo.Moved(log, aside);
+    undo_->Moved(log, aside);
   }
   Flush(folder, O_RDONLY | O_DIRECTORY);
   Step("rename");
-  if (rename(fresh.c_str(), hive.c_str()) != 0) Refuse(hive);
-  undo.Keep();
+  if (rename(fresh_.c_str(), hive.c_str()) != 0) Refuse(hive);
+  undo_->Keep();
+  in_place_ = true;
   Flush(folder, O_RDONLY | O_DIRECTORY);
   Step("done");
 }

@@ -33,7 +33,7 @@ class Replacement {
   }
 
   void Run() const {
-    ReplaceHive({hive_, hive_.string() + ".tidemark-1", {hive_.string() + ".LOG1"}}, kNew);
+    NewHive({hive_, hive_.string() + ".tidemark-1", {hive_.string() + ".LOG1"}}, kNew).PutInPlace();
   }
 
   // In a process of its own, which ends at that step as if killed.
