@@ -202,7 +202,9 @@ TEST_F(Disk, IsRefusedInOneLineAndLeftAlone) {
 TEST_F(Disk, ATestWhoseAnswerIsNotKnownIsNotRun) {
   const fs::path classes = disk_.profile / "AppData/Local/Microsoft/Windows/UsrClass.dat";
   fs::resize_file(classes, 5000);
+  fs::remove_all(disk_.profile / "Desktop");
   const Session on(disk_);
+  EXPECT_FALSE(fs::exists(disk_.profile / "Desktop")) << "made by a scan";
   const ListItem* const row = on.window->lvLocations.Item("CLSID");
   ASSERT_NE(row, nullptr);
   EXPECT_TRUE(row->SubItem(1) == "Not run: the user's classes can't be read");

@@ -92,8 +92,11 @@ HRESULT SHGetFolderPathA(HWND, int folder, HANDLE, DWORD, LPSTR path) {
   DWORD attributes = 0;
   const LONG status = files.GetAttributes(known->second, attributes);
   if (status == ERROR_NOT_READY || status == ERROR_ACCESS_DENIED) return FromStatus(status);
+  // Who only looks at a disk leaves no folders there.
+  const bool is_disk = pc.settings().hidden_drive != '\0';
+  const bool makes = (folder & CSIDL_FLAG_CREATE) != 0;
   if (!IsFolder(files, known->second) &&
-      ((folder & CSIDL_FLAG_CREATE) == 0 || !MakeWithParents(files, known->second))) {
+      (!makes || (!is_disk && !MakeWithParents(files, known->second)))) {
     return kFileNotFound;
   }
   CopyOut(known->second, path, MAX_PATH);
