@@ -29,7 +29,8 @@ void Change(RegistryKey& key, std::uint8_t plan, int* turn) {
       Change(below, plan, turn);
     }
   }
-  if ((plan & 0x80) != 0 && CanTakeKey(key, "made") && CanTakeValue(key, "value", "data")) {
+  if ((plan & 0x80) != 0 && CanTakeKey(key, "made") &&
+      CanTakeValue(key, "value", REG_BINARY, "data")) {
     key.MakeKey("made").SetValue("value", REG_BINARY, "data");
   }
 }

@@ -16,14 +16,14 @@ enum RegistryKeyLimit : std::uint8_t {
   kNoNewKeys = 0x08,    // none can be made below it
   kAllStays = 0x0F,
   // Of a new key those of its parent hold:
-  kInHive = 0x10,       // sub-keys can have ASCII names alone, and data under a megabyte
+  kInHive = 0x10,       // no names with a NUL, no data of a megabyte
   kInYoungHive = 0x20,  // no long data can be set
   kInherited = kInHive | kInYoungHive,
 };
 
 bool CanTakeKey(const RegistryKey& parent, std::string_view name);
 // `data` as the registry keeps it.
-bool CanTakeValue(const RegistryKey& key, std::string_view name, std::string_view data);
+bool CanTakeValue(const RegistryKey& key, std::string_view name, DWORD type, std::string_view data);
 bool CanLoseValues(const RegistryKey& key);
 // The key, with all below it.
 bool CanLose(const RegistryKey& key);

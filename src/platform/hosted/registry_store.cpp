@@ -254,7 +254,7 @@ RegistryView RegistryStore::MakeBelow(const RegistryView& parent, std::string_vi
 
 bool RegistryStore::SetValue(RegistryKey& key, std::string_view name, DWORD type,
                              std::string_view data, std::optional<char> odd_byte) {
-  if (!CanTakeValue(key, name, data)) return false;
+  if (!CanTakeValue(key, name, type, data)) return false;
   key.SetValue(name, type, data, odd_byte);
   Changed(key);
   return true;

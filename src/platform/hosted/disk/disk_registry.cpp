@@ -16,7 +16,6 @@
 #include "platform/hosted/hives/hive_file.h"
 #include "platform/hosted/hives/hive_replacement.h"
 #include "platform/hosted/hosted_pc.h"
-#include "platform/hosted/registry_limits.h"
 #include "platform/hosted/registry_settings.h"
 #include "platform/hosted/registry_store.h"
 #include "platform/hosted/registry_text.h"
@@ -38,20 +37,13 @@ constexpr std::array kClassesFiles = {
 std::string Judgement(const fs::path& file, const HiveReport& report) {
   if (report.state != HiveState::kDirty) return file.string() + ": " + report.why;
   return file.string() + ": " + report.why +
-         "; start Windows and shut it down in full once (shutdown /s /t 0)";
+         ": start Windows and shut it down in full once (shutdown /s /t 0)";
 }
 
 RegistryKey& MakeKey(RegistryStore& registry, std::string_view full_name) {
   bool made = false;
   const std::string_view root = full_name.substr(0, full_name.find('\\'));
   return *registry.Create(registry.Root(root), full_name.substr(root.size()), &made).top;
-}
-
-// What the former hive held can come back with that hive, also where the library could not write
-// it anew.
-void AllowAdditions(RegistryKey& key) {
-  key.SetLimits(key.limits() & static_cast<std::uint8_t>(~(kInherited | kNoNewKeys)));
-  for (std::size_t i = 0; i < key.key_count(); ++i) AllowAdditions(key.key(i));
 }
 
 // Whatever order the values were made in.
@@ -117,12 +109,6 @@ std::unique_ptr<RegistryStore> DiskRegistry::Load() {
   ChooseUser(*registry, users);
   for (const DiskUser& user : users) MountUser(*registry, user);
   LoadSettings(*registry);
-  const FormerHives formers(pc_->own_folder / "hives", pc_->disk.folder());
-  for (const Mounted& mounted : mounted_) {
-    if (why_read_only_.empty() && !formers.FormerOf(mounted.file, mounted.fingerprint).empty()) {
-      AllowAdditions(*mounted.key);
-    }
-  }
   registry->MarkSaved();
   return registry;
 }
@@ -138,8 +124,7 @@ RegistryKey* DiskRegistry::Mount(RegistryStore& registry, const std::string& key
     if (classes) registry.DenyKey(key, KEY_ALL_ACCESS);
     return classes ? &MakeKey(registry, key) : nullptr;
   }
-  if (!hive.report.writable())
-    pc_->notes.push_back("can only be read: " + Judgement(file, hive.report));
+  if (!hive.report.writable()) pc_->notes.push_back(Judgement(file, hive.report));
   RegistryKey& top = MakeKey(registry, key);
   LoadHive(hive, top, why_read_only_.empty());
   registry.Mount(top);

@@ -143,8 +143,7 @@ HiveReport CheckStructure(std::string_view hive, const HiveBase& base) {
 HiveReport CheckHive(std::string_view hive, const std::vector<std::string>& logs) {
   if (!IsHiveBase(hive)) return {HiveState::kNoHive, "is no registry hive"};
   const HiveBase base = ReadHiveBase(hive);
-  const HiveReport dirty{HiveState::kDirty,
-                         "was not closed cleanly: Windows has to be shut down in full once"};
+  const HiveReport dirty{HiveState::kDirty, "was not closed cleanly"};
   const bool in_between = base.sequence != base.written;
   if (!base.checksum_right) {
     // A write that was cut off may have left it so.

@@ -26,9 +26,8 @@ bool CanNameInHive(std::string_view name) {
 }
 
 bool FitsInHive(std::size_t size_bytes, bool young) {
-  // In young hives longer data would have to be cut in segments. A text is up to twice as long in a
-  // hive.
-  return 2 * size_bytes <= (young ? kHiveSegment : kLongestCell);
+  // In young hives longer data would have to be cut in segments.
+  return size_bytes <= (young ? kHiveSegment : kLongestCell);
 }
 
 std::uint8_t LimitsByNumbers(const HiveKey& key) {

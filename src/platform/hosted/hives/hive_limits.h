@@ -15,7 +15,7 @@ std::uint8_t LimitsByNumbers(const HiveKey& key);
 std::uint8_t LimitsByValue(const HiveCells& cells, const HiveValue& value, std::string_view name);
 // Of a key or value.
 bool CanNameInHive(std::string_view name);
-// Data that takes so many bytes as UTF-8 or as it is; of a hive of version 1.4 or later.
+// Data that takes so many bytes there; of a hive of version 1.4 or later.
 bool FitsInHive(std::size_t size_bytes, bool young);
 
 }  // namespace tidemark::hosted

@@ -37,13 +37,14 @@ class Loader {
     for (std::size_t i = first; i < offsets_.size(); ++i) {
       const HiveKey sub_key = ReadHiveKey(cells_, offsets_[i]);
       sub_key.name.To(text_);
-      // Of a key that can't be named no neighbour's place can be told either.
+      // Of a key that can't be named no neighbour's place can be told either: what went from there
+      // could not come back.
       const bool named = CanNameInHive(text_);
       RegistryKey& below = to.MakeKey(text_);
       Load(sub_key, below);
       if (!named) below.SetLimits(kInHive | kAllStays);
       if ((below.limits() & kTreeStays) != 0) limits |= kTreeStays;
-      if (!named) limits |= kNoNewKeys;
+      if (!named) limits |= kNoNewKeys | kSubKeysStay;
     }
     offsets_.resize(first);
     to.SetLimits(limits);

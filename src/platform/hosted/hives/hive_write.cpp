@@ -7,6 +7,7 @@
 #include "platform/hosted/hives/hive_comparison.h"
 #include "platform/hosted/hives/hive_editor.h"
 #include "platform/hosted/hives/hive_file.h"
+#include "platform/hosted/hives/hive_order.h"
 #include "platform/hosted/hives/hive_records.h"
 #include "platform/hosted/hives/hive_text.h"
 #include "platform/hosted/hosted_pc.h"
@@ -36,6 +37,7 @@ class Writer {
     }
     for (const HiveChanges::Key& change : changes.added) AddKey(change.offset, *change.key);
     std::string bytes = editor_.Bytes();
+    for (const std::uint32_t parent : parents_) OrderSubKeys(bytes, parent, made_);
     for (const std::uint32_t key : touched_) Put(bytes, HiveFileOffset(key) + kTimeOfKey, now);
     Put(bytes, kTimeOfBase, now);
     Put(bytes, kChecksum, HiveChecksum(bytes));
@@ -58,12 +60,16 @@ class Writer {
   void AddKey(std::uint32_t parent, const RegistryKey& key) {
     const std::uint32_t offset = editor_.AddKey(parent, key.name());
     touched_.insert({parent, offset});
+    parents_.insert(parent);
+    made_.insert(offset);
     if (key.value_count() > 0) WriteValues(offset, key);
     for (std::size_t i = 0; i < key.key_count(); ++i) AddKey(offset, key.key(i));
   }
 
   HiveEditor editor_;
   std::unordered_set<std::uint32_t> touched_;
+  std::unordered_set<std::uint32_t> made_;
+  std::unordered_set<std::uint32_t> parents_;  // of those
 };
 
 [[noreturn]] void Refuse(const HiveFile& hive, const std::string& why) {
@@ -92,6 +98,8 @@ std::string WriteHive(const HiveFile& hive, const RegistryKey& top, std::uint64_
     return bytes;
   } catch (const std::system_error& error) {
     Refuse(hive, error.code().message());
+  } catch (const HiveFault& fault) {
+    Refuse(hive, std::string("the library wrote ") + fault.what);
   }
 }
 

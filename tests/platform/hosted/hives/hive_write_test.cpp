@@ -22,9 +22,9 @@ void Change(RegistryKey& key, int* turn) {
   if (++*turn % 3 == 0 && key.value_count() > 0 && CanLoseValues(key)) {
     key.DeleteValue(std::string(key.value(0).name()));
   }
-  if (*turn % 5 == 0 && CanTakeKey(key, "Made_here\\Below") &&
-      key.FindKey("Made_here") == nullptr) {
-    key.MakeKey("Made_here").MakeKey("Below").SetValue("name", REG_SZ, "text");
+  if (*turn % 5 == 0 && CanTakeKey(key, "Made_h\xC3\xA4re\\Below") &&
+      key.FindKey("Made_h\xC3\xA4re") == nullptr) {
+    key.MakeKey("Made_h\xC3\xA4re").MakeKey("Below").SetValue("name", REG_SZ, "text");
   }
   for (std::size_t i = key.key_count(); i > 0; --i) {
     RegistryKey& below = key.key(i - 1);
@@ -86,6 +86,32 @@ TEST(HiveWrite, TellsTheTimeOfWhatChangedAndNoOther) {
             "top=then deleted from=now untouched=then below=then value set=now below=then ");
   EXPECT_EQ(base.sequence, 2U);
   EXPECT_EQ(HiveNumber64(written, 12), kNow);
+}
+
+// Each sub-key of the root with the hint of its list.
+std::string HintsOf(const std::string& hive) {
+  HiveCells cells(hive);
+  const std::string_view list =
+      cells.At(ReadHiveKey(cells, ReadHiveBase(hive).root).sub_key_list, "");
+  std::string hints(list.substr(0, 4));
+  for (std::size_t at = 4; at < 4 + std::size_t{HiveNumber16(list, 2)} * 8; at += 8) {
+    std::string name;
+    ReadHiveKey(cells, HiveNumber32(list, at)).name.To(name);
+    hints += name + "=" + std::to_string(HiveNumber32(list, at + 4)) + " ";
+  }
+  return hints;
+}
+
+TEST(HiveWrite, SetsNewKeysWhereThePlatformLooksForThem) {
+  RegistryKey top(nullptr, "top");
+  for (const char* name : {"b", "\xC3\xA4rger", "ZZ", "_z"}) top.MakeKey(name);
+  const HiveFile hive = HiveOf(MakeHive(top));
+  for (const char* name :
+       {"_A", "A", "\xC3\x84pfel", "\xD1\x8F\xD0\xB0", "\xD0\xAF\xD0\xA9", "s\xC3\x9F"}) {
+    top.MakeKey(name).MakeKey("below");
+  }
+  const std::string written = WriteHive(hive, top, kNow);
+  EXPECT_EQ(HintsOf(written), HintsOf(MakeHive(top)));
 }
 
 TEST(HiveWrite, WritesNothingThatTheLibraryCanNotDo) {
