@@ -96,9 +96,8 @@ void SwitchRegistryEntry(frmMain& window, ListItem& row, const Entry& entry) {
 void SwitchIniEntry(frmMain& window, ListItem& row, const Entry& entry, const IniRule& rule) {
   const std::string file = WinIniFile();
   StartupRecord record(window, entry.name, entry.location);
-  for (const char* section : {kEnabledSection, kDisabledSection}) {
-    record.KeepIniValue(section, rule.key);
-  }
+  record.KeepIniValues(rule.key,
+                       {kEnabledSection, entry.ticked ? kDisabledSection : rule.disabled_section});
   if (entry.ticked) {
     if (!WriteIniValue(kEnabledSection, rule.key, entry.exists, file)) {
       Complain(window, "Unable to set program", "Program not added to Win.ini");
@@ -208,7 +207,7 @@ void DeleteProgram(frmMain& window, const ListItem& program) {
     DeleteItem(root, path, entry.name);
   } else if (const IniRule* rule = FindIniRule(entry)) {
     const char* section = entry.ticked ? kEnabledSection : kDisabledSection;
-    record.KeepIniValue(section, rule->key);
+    record.KeepIniValues(rule->key, {section});
     WriteIniValue(section, rule->key, "", WinIniFile());
   } else if (entry.IsInStartupFolder()) {
     const std::string folder =

@@ -16,6 +16,8 @@ namespace {
 constexpr const char* kEntryFile = "\\entry.txt";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kMostOffered = 9;
+// Of a profile file's values, in characters: their bytes are fewer than 64 K.
+constexpr std::size_t kLongestText = 21'000;
 // Folder names begin with the moment.
 constexpr const char* kMoment = "yyyymmdd_hhnnss";
 
@@ -50,23 +52,63 @@ std::vector<std::string> EntryLines(const std::string& folder) {
   return Split(ReplaceAll(text, "\r", ""), '\n');
 }
 
-bool PutBackIniValues(const std::vector<std::string>& lines) {
-  bool whole = true;
+struct IniValue {
+  std::string section;
+  std::string key;
+  std::string text;
+};
+
+std::string StandingText(const std::string& section, const std::string& key) {
+  return ReadProfileText(section, key, WinIniFile(), kLongestText);
+}
+
+std::vector<IniValue> IniValuesOf(const std::vector<std::string>& lines) {
+  std::vector<IniValue> values;
   for (const std::string& line : lines) {
-    const std::vector<std::string> fields = Split(line, '\t');
-    if (fields.size() != 3) continue;
-    whole = WriteIniValue(fields[0], fields[1], fields[2], WinIniFile()) && whole;
+    const auto section_end = line.find('\t');
+    const auto key_end = line.find('\t', section_end + 1);
+    if (section_end == std::string::npos || key_end == std::string::npos) continue;
+    values.push_back({line.substr(0, section_end),
+                      line.substr(section_end + 1, key_end - section_end - 1),
+                      line.substr(key_end + 1)});
+  }
+  return values;
+}
+
+// Where the platform takes blanks and a pair of quotes away, the text stands between quotes.
+bool WriteText(const IniValue& value) {
+  for (const std::string& text : {value.text, '"' + value.text + '"'}) {
+    WriteIniValue(value.section, value.key, text, WinIniFile());
+    if (StandingText(value.section, value.key) == value.text) return true;
+  }
+  return false;
+}
+
+// Puts back what a change has overwritten; what stands there by now goes into a record of its own,
+// but for the words that the change itself has left there.
+bool PutBackIniValues(const std::vector<IniValue>& values, StartupRecord& replaced) {
+  bool whole = true;
+  for (const IniValue& value : values) {
+    const std::string standing = StandingText(value.section, value.key);
+    if (standing == value.text) continue;
+    const bool is_word = standing == "Yes" || standing == "No";
+    if (value.text.empty() && !is_word) continue;
+    if (!is_word) replaced.KeepIniValues(value.key, {value.section});
+    whole = WriteText(value) && whole;
   }
   return whole;
 }
 
-bool PutBack(const std::string& folder) {
+bool PutBack(const frmMain& window, const std::string& folder) {
   RecordContents contents = ReadRecord(folder);
   const bool whole = contents.damaged == 0;
   RestorePlan plan;
   plan.Add(std::move(contents), folder);
+  const std::vector<std::string> lines = EntryLines(folder);
+  StartupRecord replaced(window, lines.empty() ? "" : lines[0], lines.size() < 2 ? "" : lines[1]);
+  replaced.KeepReplaced(plan);
   const bool back = plan.PutBack().failed == 0;
-  return PutBackIniValues(EntryLines(folder)) && whole && back;
+  return PutBackIniValues(IniValuesOf(lines), replaced) && whole && back;
 }
 
 }  // namespace
@@ -87,10 +129,20 @@ void StartupRecord::KeepFile(const std::string& path) {
   record_.KeepFile(path);
 }
 
-void StartupRecord::KeepIniValue(const char* section, const char* key) {
-  const std::string text = ReadIniValue(section, key, WinIniFile());
-  if (text.empty()) return;
-  KeepEntry(std::string(section) + '\t' + key + '\t' + text + std::string(kLineEnd));
+void StartupRecord::KeepIniValues(const std::string& key,
+                                  const std::vector<std::string>& sections) {
+  std::string lines;
+  bool any = false;
+  for (const std::string& section : sections) {
+    const std::string text = StandingText(section, key);
+    any = any || !text.empty();
+    lines += section + '\t' + key + '\t' + text + std::string(kLineEnd);
+  }
+  if (any) KeepEntry(lines);
+}
+
+void StartupRecord::KeepReplaced(const RestorePlan& plan) {
+  if (plan.KeepReplaced(record_) > 0) KeepEntry("");
 }
 
 void StartupRecord::KeepEntry(const std::string& line) {
@@ -122,7 +174,7 @@ void mnuPutBack_Click(frmMain& window) {
   if (!number) return;
   const auto choice = static_cast<std::size_t>(RoundToLong(*number).value_or(0)) - 1;
   if (choice >= records.size()) return;
-  if (PutBack(records[choice])) {
+  if (PutBack(window, records[choice])) {
     RemoveRecord(records[choice]);
   } else {
     window.front_end.ShowMessage("Not all of the entry could be put back. Its record stays.", title,

@@ -1,14 +1,16 @@
 // What a start-up entry was before it was deleted, or overwritten in win.ini: a complete record of
 // its own for each, in "backup\complete\startup\" of the program's folder, named for the moment.
 // Beside what complete_record.h tells, "entry.txt" holds the entry's name and place, a line each,
-// and then for each value of win.ini its section, key and text between tabs.
+// and then for each value of win.ini its section, key and text between tabs; the text is empty
+// where there was none.
 #pragma once
 
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "platform/winapi.h"
 #include "registry/complete_record.h"
+#include "registry/restore_plan.h"
 #include "window/frmMain.h"
 
 namespace tidemark {
@@ -20,7 +22,9 @@ class StartupRecord {
   // Before the change, any of them; after it, Deleted.
   void KeepValue(HKEY root, const std::string& path, const std::string& name);
   void KeepFile(const std::string& path);
-  void KeepIniValue(const char* section, const char* key);
+  void KeepIniValues(const std::string& key, const std::vector<std::string>& sections);
+  // What stands where the plan puts something else.
+  void KeepReplaced(const RestorePlan& plan);
   void Deleted() { record_.Deleted(); }
 
  private:

@@ -184,12 +184,18 @@ TEST(Startup, WhatWasDeletedOrOverwrittenIsPutBack) {
   const std::string file = GetSpecialFolderPath(CSIDL_STARTUP) + "\\tm-test.reg";
   on.pc.MakeFile(file, "text");
   on.pc.SetBinary(HKEY_CURRENT_USER, kRun, "app", "%x%", REG_EXPAND_SZ);
-  WriteIniValue("Windows", "Run", "C:\\gone\\r.exe", on.win_ini);
+  on.pc.MakeFile(on.pc.folder() + "\\r.exe");
+  const auto run = [&on] { return ReadProfileText("Windows", "Run", on.win_ini, 1000); };
+  // The list shows no more than the first 126 characters.
+  const std::string command = on.pc.folder() + "\\r.exe\" \t" + std::string(200, 'x') + " \"y";
+  WriteIniValue("Windows", "Run", "\"\"" + command + "\"\"", on.win_ini);
+  const std::string before_run = run();
   WriteIniValue("Windows", "Load", "C:\\gone\\l.exe", on.win_ini);
   loadPrograms(on.window);
   const Lines before = on.Programs();
   on.Tick("r", false);
   for (const char* name : {"l", "app", "tm-test.reg"}) DeleteProgram(on.window, on.Row(name));
+  EXPECT_EQ(ReadIniValue("SM_Disabled", "Run", on.win_ini), "Yes");
   EXPECT_FALSE(on.pc.FileExists(file));
   EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"), std::nullopt);
   for (const char* number : {"", "7", "3", "1", "1", "1"}) {  // those that there are: 4 at first
@@ -198,11 +204,20 @@ TEST(Startup, WhatWasDeletedOrOverwrittenIsPutBack) {
     on.window.lvPrograms.UserContextMenu(nullptr);
   }
   EXPECT_EQ(on.Programs(), before);
+  EXPECT_EQ(run(), before_run);
   EXPECT_EQ(on.pc.ReadFile(file), "text");
   EXPECT_EQ(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"),
             (TestValue{REG_EXPAND_SZ, std::string("%x%\0", 4)}));
   on.window.mnuPutBack.Click();
   EXPECT_EQ(on.front_end.messages().back(), "Tidemark: There is no entry to put back.");
+  // What stands in the place by then can be put back in its turn.
+  DeleteProgram(on.window, on.Row("app"));
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "new.exe");
+  for (const char* text : {"%x%", "new.exe"}) {
+    on.front_end.AnswerInput("1");
+    on.window.mnuPutBack.Click();
+    EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, "app"), text);
+  }
 }
 
 TEST(Startup, TheMenuWritesBackAndDeletesAfterAQuestion) {
