@@ -137,6 +137,7 @@ void CompleteRecord::WriteTree(const ExactKey& key, std::string& full_name) {
       LeaveOut();
     } else if (opened != ERROR_FILE_NOT_FOUND) {
       incomplete_ = true;
+      if (auto unread = KeyOfFullName(full_name)) unread_.push_back(*std::move(unread));
     }
     full_name.resize(size);
   }
@@ -193,7 +194,7 @@ void CompleteRecord::Deleted() {
   }
   if (!some_went) ++stayed_;
   writer_.Flush();
-  pieces_.clear();
+  Forget();
 }
 
 bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
@@ -214,6 +215,11 @@ bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
 }
 
 bool CompleteRecord::SomeAreGone() const {
+  const auto is_gone = [](const RealKey& place) {
+    ExactKey key;
+    return ExactKey::Open(place.root, place.path, key) == ERROR_FILE_NOT_FOUND;
+  };
+  if (std::any_of(unread_.begin(), unread_.end(), is_gone)) return true;
   return std::any_of(pieces_.begin(), pieces_.end(), [](const Piece& piece) {
     ExactKey key;
     ExactValue value;
@@ -229,7 +235,12 @@ void CompleteRecord::Replaced() {
   broken_ = false;
   for (const Piece& piece : pieces_) writer_.Comment("gone " + std::to_string(piece.number));
   writer_.Flush();
+  Forget();
+}
+
+void CompleteRecord::Forget() {
   pieces_.clear();
+  unread_.clear();
 }
 
 void CompleteRecord::NoteKeysLeft(const ExactKey& key, std::string& full_name,

@@ -67,13 +67,15 @@ class CompleteRecord {
   bool NoteWhatIsLeft(const Piece& piece);
   void EndPiece();
   void FinishKeeping();
+  void Forget();
 
   std::string folder_;
   RecordFile script_;
   ScriptWriter writer_;
   KeptFiles files_;
   Checksum checksum_;
-  std::vector<Piece> pieces_;  // of what is kept now
+  std::vector<Piece> pieces_;    // of what is kept now
+  std::vector<RealKey> unread_;  // keys in them that can't be read
   unsigned number_ = 0;
   unsigned left_out_ = 0;
   std::size_t failures_ = 0;

@@ -9,8 +9,10 @@
 
 #include "helpers/key_names.h"
 #include "platform/code_page.h"
+#include "platform/exact_text.h"
 #include "platform/file_system_object.h"
 #include "platform/hosted/file_store.h"
+#include "platform/hosted/registry_store.h"
 #include "registry/record_contents.h"
 #include "repair/backups.h"
 #include "repair/complete_restore.h"
@@ -298,6 +300,36 @@ TEST_F(CompleteRestorePc, WhatAFullDiskKeepsOutOfTheRecordIsTold) {
     EXPECT_EQ(LossesOf(on).gone, losses.in_neither.size());
   }
   EXPECT_GT(lost, 0U);
+}
+
+// A value whose name holds a NUL, and a key that can't be read but deleted while the one above
+// stays.
+TEST_F(CompleteRestorePc, WhatCannotBeReadIsToldWhenItGoes) {
+  ExactPc on(1);
+  const std::string key = "HKEY_CURRENT_USER\\Software\\Made";
+  on.pc.SetText(HKEY_CURRENT_USER, "Software\\Made\\Named", "a", "x");
+  on.pc.MakeKey(HKEY_CURRENT_USER, "Software\\Made\\Kept\\Closed");
+  on.pc.MakeKey(HKEY_CURRENT_USER, "Software\\Made\\Kept\\Stays");
+  hosted::RegistryStore& store = hosted::HostedPc::Current().registry();
+  const auto named = store.Open(store.Root(HKEY_CURRENT_USER), "Software\\Made\\Named");
+  EXPECT_TRUE(store.SetValue(*named.target(), "a\0b"s, REG_BINARY, "x"));
+  on.pc.DenyKey(key + "\\Kept\\Closed", KEY_QUERY_VALUE | KEY_ENUMERATE_SUB_KEYS);
+  on.pc.DenyKey(key + "\\Kept\\Stays", kDelete);
+  on.window.lvInvalidLoc.Clear();
+  for (const char* const below : {"\\Named", "\\Kept"}) {
+    ListItem* item = on.window.lvInvalidLoc.Add({}, key + below);
+    item->SetSubItem(kSelected, "1");
+    item->SetSubItem(kTestCode, "APP");
+  }
+  cmdFix_Click(on.window);
+  EXPECT_EQ(
+      on.window.lblRepaired.Caption(),
+      "Problems repaired : 1. 1 could not be deleted. 2 of them could not be recorded whole.");
+  std::string script;
+  AppendFromUtf16(on.pc.ReadFile(on.Record() + "\\registry.reg"), script);
+  EXPECT_THAT(script, testing::HasSubstr("no call can write them: 000001\r\n"));
+  on.Restore();
+  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, "Software\\Made\\Named", "a"), "x");
 }
 
 TEST_F(CompleteRestorePc, ARecordThatWasCutOrAlteredGivesBackWhatIsWhole) {
