@@ -12,6 +12,7 @@
 #include <sstream>
 
 #include "platform/hosted/capture.h"
+#include "platform/hosted/disk/disk_users.h"
 #include "platform/hosted/file_store.h"
 #include "platform/hosted/folder_lock.h"
 #include "platform/hosted/hives/hive_file.h"
@@ -19,6 +20,7 @@
 #include "platform/hosted/hosted_pc.h"
 #include "platform/hosted/pc_settings.h"
 #include "platform/hosted/recycle_bin.h"
+#include "platform/hosted/registry_store.h"
 #include "platform/hosted/registry_text.h"
 #include "platform/unique_handle.h"
 #include "shell/main_window.h"
@@ -109,6 +111,8 @@ TEST_F(Disk, ShowsWhatTheRunningPcShowsAndChangesNothing) {
     Session on(disk_);
     EXPECT_EQ(on.Findings(), ExpectedRows());
     EXPECT_EQ(on.pc.WhyReadOnly(), "");
+    EXPECT_EQ(GetDriveTypeA("E:\\"), DRIVE_CDROM);
+    EXPECT_EQ(on.pc.settings().drives.at('E').status, ERROR_NOT_READY);
     on.pc.ShutDown();
   }
   for (const auto& [path, status] : Everything(disk_.disk)) {
@@ -197,6 +201,34 @@ TEST_F(Disk, IsRefusedInOneLineAndLeftAlone) {
   std::ofstream(image) << "\xEB\x52\x90NTFS    ";
   EXPECT_THAT(refusal(image), HasSubstr("not mounted"));
   EXPECT_THAT(refusal(disk_.disk / "Windows"), HasSubstr("name the one above"));
+}
+
+TEST(DiskUsers, IsWhoIsNamedOrElseLoggedOnLast) {
+  hosted::RegistryStore registry(".DEFAULT");
+  const std::string software = "REGEDIT4\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows";
+  const auto profile = [&](const std::string& sid, const char* place, const char* time) {
+    hosted::ImportRegistryText(software + " NT\\CurrentVersion\\ProfileList\\" + sid +
+                                   "]\n\"ProfileImagePath\"=\"" + place +
+                                   "\"\n\"LocalProfileLoadTimeHigh\"=dword:" + time + "\n",
+                               registry);
+  };
+  profile("S-1-5-18", "C:\\\\System", "9");
+  profile("S-1-5-19", "%SystemRoot%\\\\Local", "9");
+  profile("S-1-5-21-1", "C:\\\\Users\\\\anna", "1");
+  profile("S-1-5-21-2", "C:\\\\Users\\\\Bert", "2");
+  profile("S-1-5-21-3.bak", "C:\\\\Users\\\\old", "3");
+  const auto users = hosted::ReadDiskUsers(registry);
+  const auto chosen = [&](const char* wanted) -> std::string {
+    const auto* const user = hosted::ChooseDiskUser(users, registry, wanted);
+    return user == nullptr ? "nobody" : user->name;
+  };
+  EXPECT_EQ(chosen(""), "Bert");
+  EXPECT_EQ(chosen("ANNA") + chosen("s-1-5-21-1") + chosen("Local"), "annaannanobody");
+  hosted::ImportRegistryText(software +
+                                 "\\CurrentVersion\\Authentication\\LogonUI]\n"
+                                 "\"LastLoggedOnUserSID\"=\"S-1-5-21-1\"\n",
+                             registry);
+  EXPECT_EQ(chosen(""), "anna");
 }
 
 TEST_F(Disk, ATestWhoseAnswerIsNotKnownIsNotRun) {
@@ -295,6 +327,9 @@ TEST_F(Disk, AllOfASessionIsStoredOrNothingAndSeveralRepairsAreUndoneAtOnce) {
   change({"One"}, true);
   change({"Two"}, true);
   EXPECT_FALSE(bytes() == before);
+  // As a repair that was killed leaves it.
+  std::ofstream(disk_.config / "SOFTWARE.tidemark-new");
+  EXPECT_EQ(hosted::HostedPc(disk_.disk, disk_.choice).FormerFiles().size(), 5U);
   change({"One", "Two"}, false);
   EXPECT_TRUE(bytes() == before);
 }

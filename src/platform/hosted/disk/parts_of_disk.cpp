@@ -24,7 +24,10 @@ PcParts PartsOfDisk(const DiskChoice& choice) {
     return DrivePlaces(std::move(drives));
   };
   parts.make_recycle_bin = [pc](const PcSettings& settings, FileStore& files) {
-    return std::make_unique<DiskRecycleBin>(pc->user.sid, settings.hidden_drive, files);
+    // On a disk without a person what is deleted is the system's.
+    const bool is_person = pc->user.IsPerson();
+    return std::make_unique<DiskRecycleBin>(is_person ? pc->user.sid : "S-1-5-18",
+                                            settings.hidden_drive, files);
   };
   parts.is_sole_user = [pc, lock = parts.lock.get()] {
     return lock->taken() && pc->own_lock != nullptr && pc->own_lock->taken();
