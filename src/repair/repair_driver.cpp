@@ -77,6 +77,13 @@ void TellOnHomePage(frmMain& window, const Repair& repair) {
   window.lblRepaired.SetCaption(repair.repaired == 0 ? "" : text);
 }
 
+// The bar takes the place of what a repair would do.
+void ShowAtWork(frmMain& window, bool at_work) {
+  window.lblRepairNote.SetVisible(!at_work);
+  window.ProgressBar2.SetVisible(at_work);
+  window.Animation1.SetPlaying(at_work);
+}
+
 // Its record is whole when this returns.
 void RunRepair(frmMain& window) {
   Repair repair(UndoFilePath(window.application.folder));
@@ -103,9 +110,9 @@ void cmdFix_Click(frmMain& window) {
   window.ProgressBar2.SetValue(0);
   window.ProgressBar2.SetMax(window.ProblemCount == 0 ? 1 : window.ProblemCount);
 
-  window.Animation1.SetPlaying(true);
+  ShowAtWork(window, true);
   RunRepair(window);
-  window.Animation1.SetPlaying(false);
+  ShowAtWork(window, false);
   if (IsOvertaken(window)) return LeaveToTheScan(window);
 
   window.cmdFix.SetVisible(true);

@@ -84,10 +84,6 @@ void lvProblems_MouseUp(frmMain& window) {
   }
 }
 
-void lvProblems_ContextMenu(frmMain& window) {
-  if (window.lvProblems.SelectedItem() != nullptr) window.front_end.PopupMenu(window.mnuProblems);
-}
-
 void mnuOpenKey_Click(frmMain& window) {
   const ListItem* selected = window.lvProblems.SelectedItem();
   if (selected == nullptr) return;

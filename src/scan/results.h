@@ -39,9 +39,8 @@ void lvFound_Click(frmMain& window);
 void lvProblems_ItemCheck(frmMain& window, const ListItem& item);
 // The selected row's value data becomes the list's tool tip.
 void lvProblems_MouseUp(frmMain& window);
-// Offers to open the selected finding's key in the registry editor.
-void lvProblems_ContextMenu(frmMain& window);
-// Does so, as a double click on the finding's row of lvInvalidLoc would.
+// Opens the registry editor on the selected finding's key, as a double click on the finding's row
+// of lvInvalidLoc would.
 void mnuOpenKey_Click(frmMain& window);
 // Sorts by the column (from 1), ascending first, then in turns.
 void lvInvalidLoc_ColumnClick(frmMain& window, int column);

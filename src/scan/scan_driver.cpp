@@ -5,6 +5,7 @@
 #include "platform/winapi.h"
 #include "registry/stored_settings.h"
 #include "scan/results.h"
+#include "scan/results_page.h"
 #include "scan/scan.h"
 #include "window/last_run.h"
 #include "window/panels.h"
@@ -131,6 +132,7 @@ void ScanCheckedTests(frmMain& window) {
 void ShowResultsPage(frmMain& window) {
   HideAllFrames(window);
   window.picClear.SetVisible(true);
+  ShowResultTexts(window);
   window.cmdStopFix.SetEnabled(true);
   window.cmdCancel.SetEnabled(true);
   window.cmdCancel.SetVisible(true);

@@ -6,6 +6,8 @@
 #include "repair/repair.h"
 #include "scan/locations.h"
 #include "scan/results.h"
+#include "scan/results_page.h"
+#include "scan/saved_list.h"
 #include "scan/scan.h"
 #include "shell/main_window.h"
 #include "shell/open_dialogs.h"
@@ -127,12 +129,24 @@ void BindStartup(frmMain& window) {
 }
 
 void BindResults(frmMain& window) {
-  window.lvFound.Clicked.Bind([&window] { lvFound_Click(window); });
-  window.lvProblems.ItemChecked.Bind(
-      [&window](ListItem& item) { lvProblems_ItemCheck(window, item); });
+  window.lvFound.Clicked.Bind([&window] {
+    lvFound_Click(window);
+    ShowSelectedProblem(window);
+  });
+  window.lvFound.ContextMenu.Bind([&window] { ShowResultsMenu(window); });
+  window.lvProblems.Clicked.Bind([&window] { ShowSelectedProblem(window); });
+  window.lvProblems.ItemChecked.Bind([&window](ListItem& item) {
+    lvProblems_ItemCheck(window, item);
+    CountTick(window, item.Checked());
+  });
   window.lvProblems.MouseUp.Bind([&window] { lvProblems_MouseUp(window); });
-  window.lvProblems.ContextMenu.Bind([&window] { lvProblems_ContextMenu(window); });
+  window.lvProblems.ContextMenu.Bind([&window] { ShowResultsMenu(window); });
   window.mnuOpenKey.Clicked.Bind([&window] { mnuOpenKey_Click(window); });
+  window.mnuTickAll.Clicked.Bind([&window] { mnuTickAll_Click(window); });
+  window.mnuClearAll.Clicked.Bind([&window] { mnuClearAll_Click(window); });
+  window.mnuInvert.Clicked.Bind([&window] { mnuInvert_Click(window); });
+  window.mnuCopyRows.Clicked.Bind([&window] { mnuCopyRows_Click(window); });
+  window.mnuSaveList.Clicked.Bind([&window] { mnuSaveList_Click(window); });
   window.lvInvalidLoc.ColumnClicked.Bind(
       [&window](int column) { lvInvalidLoc_ColumnClick(window, column); });
   window.lvInvalidLoc.DoubleClicked.Bind([&window] { lvInvalidLoc_DblClick(window); });

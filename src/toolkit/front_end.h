@@ -53,6 +53,11 @@ class FrontEnd {
                                std::string_view default_text) = 0;
   // The platform's folder dialog: a path, or empty when it was cancelled or the choice has no path.
   virtual std::string BrowseForFolder(std::string_view title) = 0;
+  // The path of a file to be written, whose name is proposed; empty when it was cancelled. A file
+  // that is there already may be replaced.
+  virtual std::string AskSaveFile(std::string_view title, std::string_view name) = 0;
+  // Hands a text to other programs: the platform's clipboard, or what a front end has instead.
+  virtual void CopyText(std::string_view text) = 0;
   // Pops a menu up at the mouse, or at the selected row of a list whose menu the keyboard asked
   // for; the item that was chosen has raised its event when this returns.
   virtual void PopupMenu(Menu& menu) = 0;

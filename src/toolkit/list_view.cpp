@@ -73,6 +73,7 @@ void ListView::Remove(int index) {
   ListItem* row = Item(index);
   if (row == nullptr) return;
   if (selected_ == row) selected_ = nullptr;
+  std::erase(selected_rows_, row);
   if (ensure_visible_ == row) ensure_visible_ = nullptr;
   order_.erase(order_.begin() + (index - 1));
   *row = ListItem();
@@ -82,6 +83,7 @@ void ListView::Remove(int index) {
 void ListView::Clear() {
   ++times_cleared_;
   selected_ = nullptr;
+  selected_rows_.clear();
   ensure_visible_ = nullptr;
   order_.clear();
   rows_.clear();
@@ -146,9 +148,52 @@ void ListView::SortInTurns(int column) {
   SetSorted(true);
 }
 
+void ListView::Select(ListItem* item) {
+  for (ListItem* row : selected_rows_) row->selected_ = false;
+  selected_rows_.clear();
+  selected_ = item;
+  if (item == nullptr) return;
+  item->selected_ = true;
+  selected_rows_.push_back(item);
+}
+
+std::string ListView::SelectedText() const {
+  std::string text;
+  for (const ListItem* row : order_) {
+    if (!row->selected_) continue;
+    bool first = true;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+      if (columns[column].width_twips <= 0) continue;
+      if (!std::exchange(first, false)) text += '\t';
+      for (const char character : row->texts_[column].View()) {
+        text += character == '\t' || character == '\r' || character == '\n' ? ' ' : character;
+      }
+    }
+    text += "\r\n";
+  }
+  return text;
+}
+
 void ListView::UserSelect(ListItem& item) {
   if (!Enabled()) return;
-  selected_ = &item;
+  Select(&item);
+  Clicked();
+  MouseUp();
+}
+
+void ListView::UserSelectRows(const std::vector<int>& rows, int current) {
+  if (!Enabled()) return;
+  ListItem* focused = Item(current);
+  if (!multi_select) return focused == nullptr ? void() : UserSelect(*focused);
+  std::vector<ListItem*> wanted;
+  for (const int row : rows) {
+    if (ListItem* item = Item(row)) wanted.push_back(item);
+  }
+  if (wanted == selected_rows_ && focused == selected_) return;
+  Select(nullptr);
+  for (ListItem* row : wanted) row->selected_ = true;
+  selected_rows_ = std::move(wanted);
+  selected_ = focused;
   Clicked();
   MouseUp();
 }
@@ -157,6 +202,16 @@ void ListView::UserCheck(ListItem& item, bool checked) {
   if (!Enabled() || !check_boxes || item.Checked() == checked) return;
   item.SetChecked(checked);
   ItemChecked(item);
+}
+
+void ListView::UserToggle(ListItem& item) {
+  const bool checked = !item.Checked();
+  if (!item.selected_) return UserCheck(item, checked);
+  const unsigned times_cleared = times_cleared_;
+  // A handler may change the list.
+  for (const std::vector<ListItem*> rows = selected_rows_; ListItem * row : rows) {
+    if (times_cleared == times_cleared_) UserCheck(*row, checked);
+  }
 }
 
 void ListView::UserColumnClick(int column) {
@@ -169,7 +224,14 @@ void ListView::UserDoubleClick() {
 
 void ListView::UserContextMenu(ListItem* item) {
   if (!Enabled()) return;
-  if (item != nullptr) UserSelect(*item);
+  if (item != nullptr && item->selected_ && selected_rows_.size() > 1) {
+    // The menu of one of several selected rows is theirs.
+    selected_ = item;
+    Clicked();
+    MouseUp();
+  } else if (item != nullptr) {
+    UserSelect(*item);
+  }
   ContextMenu();
 }
 

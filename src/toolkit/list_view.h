@@ -38,6 +38,8 @@ class ListItem {
   // Number of a picture in the list's image list, from 1; 0 is none.
   int SmallIcon() const { return small_icon_; }
   void SetSmallIcon(int icon) { small_icon_ = icon; }
+  // Whether it is the selected row, or one of them.
+  bool Selected() const { return selected_; }
 
  private:
   friend class ListView;
@@ -45,6 +47,7 @@ class ListItem {
   std::array<Text, kMaxSubItems + 1> texts_;
   int small_icon_ = 0;
   bool checked_ = false;
+  bool selected_ = false;
 };
 
 enum class SortOrder { kAscending = 0, kDescending = 1 };
@@ -59,6 +62,8 @@ class ListView : public Control {
   // How far a window has scrolled it to the right, in pixels.
   int scrolled_pixels = 0;
   bool check_boxes = false;
+  // Whether several rows can be selected; SelectedItem is then the one that bears the focus.
+  bool multi_select = false;
   // The image list of the small icons: files below the program's folder, "\\images\\...", number 1
   // first.
   std::vector<std::string> small_icons;
@@ -97,7 +102,12 @@ class ListView : public Control {
   unsigned TimesCleared() const { return times_cleared_; }
 
   ListItem* SelectedItem() const { return selected_; }
-  void Select(ListItem* item) { selected_ = item; }
+  void Select(ListItem* item);
+  // All that are selected, in the order in which they were.
+  const std::vector<ListItem*>& SelectedRows() const { return selected_rows_; }
+  // What a person copies: the shown columns of the selected rows as they stand in the list, a tab
+  // between them, a line for each row. Tabs and line ends in a text become blanks.
+  std::string SelectedText() const;
   // The row that is to be scrolled into view; a front end shows it at its next repaint.
   ListItem* VisibleItem() const { return ensure_visible_; }
   void EnsureVisible(ListItem* item) { ensure_visible_ = item; }
@@ -118,7 +128,12 @@ class ListView : public Control {
   // As a person does it: each changes the list, then raises the event. A disabled list does
   // nothing.
   void UserSelect(ListItem& item);
+  // Selects these rows (by number), of which `current` (0: none) has the focus; where only one row
+  // can be selected, that one. Nothing is raised when they are selected already.
+  void UserSelectRows(const std::vector<int>& rows, int current);
   void UserCheck(ListItem& item, bool checked);
+  // Turns the row's tick over; where it is one of several selected rows, they all become alike.
+  void UserToggle(ListItem& item);
   void UserColumnClick(int column);
   void UserDoubleClick();
   // Selects the row first when there is one.
@@ -144,6 +159,7 @@ class ListView : public Control {
   std::vector<ListItem*> order_;  // as they stand in the list
   std::vector<Slot> index_;
   ListItem* selected_ = nullptr;
+  std::vector<ListItem*> selected_rows_;
   ListItem* ensure_visible_ = nullptr;
   Picture picture_;
   int picture_alignment_ = 0;

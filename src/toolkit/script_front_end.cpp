@@ -91,6 +91,11 @@ std::string ScriptFrontEnd::BrowseForFolder(std::string_view title) {
   return Next(folders_);
 }
 
+std::string ScriptFrontEnd::AskSaveFile(std::string_view title, std::string_view /*name*/) {
+  messages_.emplace_back(title);
+  return Next(inputs_);
+}
+
 void ScriptFrontEnd::PopupMenu(Menu& menu) {
   menus_.push_back(&menu);
   if (MenuItem* item = Next(chosen_items_)) item->Click();

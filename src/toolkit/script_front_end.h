@@ -38,6 +38,7 @@ class ScriptFrontEnd : public FrontEnd {
   const std::vector<const Menu*>& menus() const { return menus_; }
   const std::vector<const Form*>& foreground() const { return foreground_; }
   int beeps() const { return beeps_; }
+  const std::string& copied() const { return copied_; }
   const std::vector<MousePointer>& pointers() const { return pointers_; }
 
   void DoEvents() override;
@@ -51,6 +52,9 @@ class ScriptFrontEnd : public FrontEnd {
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string BrowseForFolder(std::string_view title) override;
+  // Takes the answer of an input box.
+  std::string AskSaveFile(std::string_view title, std::string_view name) override;
+  void CopyText(std::string_view text) override { copied_ = text; }
   void PopupMenu(Menu& menu) override;
   bool NotifyIcon(TrayMessage message, const TrayIcon& icon) override;
   void SetMousePointer(MousePointer pointer) override;
@@ -75,6 +79,7 @@ class ScriptFrontEnd : public FrontEnd {
   std::vector<const Menu*> menus_;
   std::vector<const Form*> foreground_;
   int beeps_ = 0;
+  std::string copied_;
   std::vector<MousePointer> pointers_;
   std::vector<const Form*> loaded_;
 };

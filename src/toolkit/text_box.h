@@ -29,6 +29,9 @@ class TextBox : public Control {
 
   bool Locked() const { return locked_; }  // can be read and selected, not edited
   void SetLocked(bool locked) { locked_ = locked; }
+  // 0 is no border, 1 a sunken one. It is fixed when the window is made.
+  int BorderStyle() const { return border_style_; }
+  void SetBorderStyle(int style) { border_style_ = style; }
   // As the colours of a Label.
   unsigned BackColor() const { return back_color_; }
   void SetBackColor(unsigned color) { back_color_ = color; }
@@ -44,6 +47,7 @@ class TextBox : public Control {
   int sel_start_ = 0;
   int sel_length_ = 0;
   bool locked_ = false;
+  int border_style_ = 1;
   unsigned back_color_ = 0xFFFFFF;
   unsigned fore_color_ = 0;
 };

@@ -57,6 +57,13 @@ void DesignMenus(frmMain& window) {
   window.mnuHelp.SetCaption("Help");
   window.mnuAbout.SetCaption("About");
   window.mnuOpenKey.SetCaption("&Open in Registry Editor");
+  window.mnuspe2.SetCaption("-");
+  window.mnuTickAll.SetCaption("&Tick All");
+  window.mnuClearAll.SetCaption("&Clear All");
+  window.mnuInvert.SetCaption("&Invert");
+  window.mnuspe3.SetCaption("-");
+  window.mnuCopyRows.SetCaption("Cop&y");
+  window.mnuSaveList.SetCaption("&Save List...");
   window.mnuAddNew.SetCaption("&Write Entry Back");
   window.mnuDeleteProgram.SetCaption("&Delete Entry...");
   window.mnuPutBack.SetCaption("&Put Back...");
@@ -128,6 +135,11 @@ void DesignResults(frmMain& window) {
                                {"Selected", 0, {}},
                                {"loc", 0, {}}};
   window.lvProblems.check_boxes = true;
+  window.lvProblems.multi_select = true;
+  window.lblNothingFound.SetVisible(false);
+  window.lblNothingFound.SetFont(kHeading);
+  window.txtProblem.SetLocked(true);
+  window.txtProblem.SetBorderStyle(0);
   window.lvInvalidLoc.columns = {{"Invalid data location", 2500, {}},
                                  {"Value name", 1000, {}},
                                  {"Value data", 1500, {}},
@@ -141,10 +153,12 @@ void DesignResults(frmMain& window) {
   window.cmdStopFix.SetVisible(false);
   window.cmdFinish.SetCaption("&Finish");
   window.cmdFinish.SetVisible(false);
+  window.ProgressBar2.SetVisible(false);
   window.ProgressBar2.SetColor(255);
   window.Animation1.SetPictureFile(window.application.folder + "\\images\\searching.jpg");
   NameControls({{window.lvFound, "Diagnostic tests with problems"},
                 {window.lvProblems, "Problems found"},
+                {window.txtProblem, "The selected problem"},
                 {window.ProgressBar2, "Progress of the repair"}});
 }
 

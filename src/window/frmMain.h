@@ -20,6 +20,7 @@
 #include "toolkit/list_view.h"
 #include "toolkit/menu.h"
 #include "toolkit/option_button.h"
+#include "toolkit/text_box.h"
 #include "toolkit/timer.h"
 #include "toolkit/tray_icon.h"
 #include "toolkit/tree_view.h"
@@ -59,6 +60,13 @@ struct frmMain {
   MenuItem mnuAbout{&mnusystray, "mnuAbout"};
   Menu mnuProblems{&form, "mnuProblems"};
   MenuItem mnuOpenKey{&mnuProblems, "mnuOpenKey"};
+  MenuItem mnuspe2{&mnuProblems, "mnuspe2"};
+  MenuItem mnuTickAll{&mnuProblems, "mnuTickAll"};
+  MenuItem mnuClearAll{&mnuProblems, "mnuClearAll"};
+  MenuItem mnuInvert{&mnuProblems, "mnuInvert"};
+  MenuItem mnuspe3{&mnuProblems, "mnuspe3"};
+  MenuItem mnuCopyRows{&mnuProblems, "mnuCopyRows"};
+  MenuItem mnuSaveList{&mnuProblems, "mnuSaveList"};
   Menu mnuPrograms{&form, "mnuPrograms"};
   MenuItem mnuAddNew{&mnuPrograms, "mnuAddNew"};
   MenuItem mnuDeleteProgram{&mnuPrograms, "mnuDeleteProgram"};
@@ -99,11 +107,14 @@ struct frmMain {
   ListView lvFound{&picClear, "lvFound"};
   Label lblsinfo{&picClear, "lblsinfo"};
   ListView lvProblems{&picClear, "lvProblems"};
+  Label lblNothingFound{&picClear, "lblNothingFound"};  // in the place of the lists
+  TextBox txtProblem{&picClear, "txtProblem"};          // all of the selected problem
   XP_ProgressBar ProgressBar2{&picClear, "ProgressBar2"};
   Animation Animation1{&picClear, "Animation1"};
   CommandButton cmdFix{&picClear, "cmdFix"};
   CommandButton cmdCancel{&picClear, "cmdCancel"};
   CommandButton cmdStopFix{&picClear, "cmdStopFix"};
+  Label lblRepairNote{&picClear, "lblRepairNote"};  // what a repair would do
   xpcmdbutton cmdFinish{&picClear, "cmdFinish"};
 
   // Advanced and Backups: a tab frame with a panel for each tab.
@@ -175,6 +186,7 @@ struct frmMain {
   int CurrentTab = 0;
   std::string CurrentLocation;  // the code of the diagnostic test in work
   std::int32_t ProblemCount = 0;
+  int FindingsTicked = 0;
   std::int32_t TotalToDate = 0;
   std::array<std::int32_t, 5> SeverityCounts{};
   std::array<std::string, 61> Reasons;

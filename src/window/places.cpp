@@ -67,17 +67,21 @@ void PlaceScan(frmMain& window) {
 }
 
 void PlaceResults(frmMain& window) {
-  Place({{window.lblFound, {225, 75, 6000, 330}},
-         {window.lblinfo3, {225, 420, 10065, 255}},
-         {window.lvFound, {225, 705, 10065, 1470}},
-         {window.lblsinfo, {225, 2250, 10065, 255}},
-         {window.lvProblems, {225, 2535, 10065, 1935}},
-         {window.ProgressBar2, {225, 4560, 9450, 240}},
-         {window.Animation1, {9810, 4485, 480, 480}},
-         {window.cmdFix, {225, 4905, 1575, 390}},
-         {window.cmdStopFix, {225, 4905, 1575, 390}},
-         {window.cmdCancel, {1995, 4905, 1575, 390}},
-         {window.cmdFinish, {8160, 4905, 1575, 390}}});
+  // The lists hold whole rows: four, and nine.
+  Place({{window.lblFound, {225, 45, 2250, 270}},
+         {window.lblsinfo, {2700, 75, 7590, 225}},
+         {window.lvFound, {225, 330, 10065, 1440}},
+         {window.lblinfo3, {225, 1785, 10065, 210}},
+         {window.lvProblems, {225, 1995, 10065, 2715}},
+         {window.lblNothingFound, {225, 1200, 10065, 600}},
+         {window.txtProblem, {225, 4725, 10065, 225}},
+         {window.cmdFix, {225, 4980, 1575, 375}},
+         {window.cmdStopFix, {225, 4980, 1575, 375}},
+         {window.cmdFinish, {225, 4980, 1575, 375}},
+         {window.cmdCancel, {1995, 4980, 1575, 375}},
+         {window.lblRepairNote, {3765, 4965, 6525, 405}},
+         {window.ProgressBar2, {3765, 5070, 5850, 195}},
+         {window.Animation1, {9810, 4950, 420, 420}}});
 }
 
 void PlaceTabs(frmMain& window) {

@@ -1,6 +1,8 @@
 #include "desktop/terminal/desk_front_end.h"
 
 #include <algorithm>
+#include <array>
+#include <string>
 
 namespace tidemark {
 namespace {
@@ -142,6 +144,16 @@ void DeskFrontEnd::SetForeground(Form& form) {
 }
 
 HWND DeskFrontEnd::WindowHandle(const Form& /*form*/) { return nullptr; }
+
+std::string DeskFrontEnd::AskSaveFile(std::string_view title, std::string_view name) {
+  std::array<char, MAX_PATH> desktop{};
+  SHGetFolderPathA(nullptr, CSIDL_DESKTOP, nullptr, 0, desktop.data());
+  const std::string proposed = std::string(desktop.data()).append("\\").append(name);
+  std::string path = InputBox("Write to the file:", title, proposed);
+  const bool is_there = GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  if (is_there && !AskYesNo(path + " is there already. Replace it?", title)) path.clear();
+  return path;
+}
 
 bool DeskFrontEnd::NotifyIcon(TrayMessage message, const TrayIcon& icon) {
   const auto same = [&icon](const TrayIcon& other) {

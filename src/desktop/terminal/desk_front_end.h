@@ -30,6 +30,9 @@ class DeskFrontEnd : public FrontEnd {
   // Nothing lies in front of the main window but the small ones, which stay there.
   void SetForeground(Form& form) override;
   HWND WindowHandle(const Form& form) override;
+  // A path of the PC that is shown, on the desktop unless it is typed over.
+  std::string AskSaveFile(std::string_view title, std::string_view name) override;
+  void CopyText(std::string_view text) override { ShowOutput(std::string(text)); }
   bool NotifyIcon(TrayMessage message, const TrayIcon& icon) override;
   void SetMousePointer(MousePointer /*pointer*/) override {}
   [[noreturn]] void End() override;

@@ -1,6 +1,7 @@
 #include "desktop/terminal/rows.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "toolkit/tree_view.h"
 
@@ -30,6 +31,11 @@ class ListRows : public Rows {
   const void* VisibleIdentity() const override { return list_.VisibleItem(); }
   void UserCheck(int row, bool checked) override { list_.UserCheck(*list_.Item(row), checked); }
   void UserSelect(int row) override { list_.UserSelect(*list_.Item(row)); }
+  void UserSelectRange(int first, int last, int current) override {
+    std::vector<int> rows(static_cast<std::size_t>(last - first + 1));
+    std::iota(rows.begin(), rows.end(), first);
+    list_.UserSelectRows(rows, current);
+  }
   void UserDoubleClick() override { list_.UserDoubleClick(); }
   void UserContextMenu(int row) override { list_.UserContextMenu(list_.Item(row)); }
   void UserColumnClick(int column) override { list_.UserColumnClick(column); }

@@ -41,6 +41,9 @@ class Rows {
   // As a person does it; a row that has the tick already stays as it is.
   virtual void UserCheck(int row, bool checked) = 0;
   virtual void UserSelect(int row) = 0;
+  // All rows from first to last, of which the current one has the focus; a list that can't have
+  // several selects that one.
+  virtual void UserSelectRange(int /*first*/, int /*last*/, int current) { UserSelect(current); }
   virtual void UserDoubleClick() {}
   virtual void UserContextMenu(int /*row*/) {}
   virtual void UserColumnClick(int /*column, from 1*/) {}

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "desktop/win32/clipboard.h"
 #include "desktop/win32/list_view_peer.h"
 #include "desktop/win32/popup_menu.h"
 
@@ -39,9 +40,13 @@ Answer ListViewPeer::OnNotify(NMHDR& header) {
     case LVN_ITEMCHANGED:
       OnItemChanged(reinterpret_cast<const NMLISTVIEW&>(header));
       return 0;
+    case LVN_ODSTATECHANGED:
+      NoteSelection();
+      return 0;
     case NM_CLICK:
       // A row that was selected before does not change, but a click is a click.
-      if (click.iItem >= 0 && !press_selected_) Post(Act::kSelect, click.iItem + 1);
+      if (click.iItem >= 0 && !press_selected_ && !list_.multi_select)
+        Post(Act::kSelect, click.iItem + 1);
       return 0;
     case NM_DBLCLK:
       OnDoubleClick(click.iItem + 1);
@@ -59,6 +64,7 @@ Answer ListViewPeer::OnNotify(NMHDR& header) {
 
 void ListViewPeer::OnItemChanged(const NMLISTVIEW& change) {
   if (refreshing_ || (change.uChanged & LVIF_STATE) == 0) return;
+  if (list_.multi_select) return NoteSelection();
   const int row = change.iItem + 1;  // 0: all rows
   const bool was = (change.uOldState & LVIS_SELECTED) != 0;
   const bool is = (change.uNewState & LVIS_SELECTED) != 0;
@@ -71,6 +77,24 @@ void ListViewPeer::OnItemChanged(const NMLISTVIEW& change) {
   } else if (!is && (row == 0 || row == selected_row_)) {
     selected_row_ = 0;  // the next refresh selects the control's row again
   }
+}
+
+// Of many rows each tells of itself; one act takes them all.
+void ListViewPeer::NoteSelection() {
+  if (!list_.multi_select || refreshing_ || selection_noted_) return;
+  selection_noted_ = true;
+  Post(Act::kSelectRows, 0);
+}
+
+void ListViewPeer::TakeSelection() {
+  std::vector<int> rows;
+  for (int row = -1; (row = ListView_GetNextItem(window_, row, LVNI_SELECTED)) >= 0;) {
+    rows.push_back(row + 1);
+  }
+  selected_rows_.clear();
+  for (const int row : rows) selected_rows_.push_back(list_.Item(row));
+  const int focused = ListView_GetNextItem(window_, -1, LVNI_FOCUSED | LVNI_SELECTED) + 1;
+  list_.UserSelectRows(rows, focused != 0 || rows.empty() ? focused : rows.front());
 }
 
 void ListViewPeer::OnDoubleClick(int row) {
@@ -133,10 +157,24 @@ Answer ListViewPeer::OnPress(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 Answer ListViewPeer::OnKey(UINT message, WPARAM key, LPARAM lparam) {
+  constexpr WPARAM kFirstPrinting = L' ';
+  if (message == WM_CHAR && key < kFirstPrinting) return 0;  // no search for what Ctrl makes
+  if (message == WM_KEYDOWN && GetKeyState(VK_CONTROL) < 0) {
+    if (key == 'C') Copy();
+    if (key == 'A' && list_.multi_select) {
+      ListView_SetItemState(window_, -1, LVIS_SELECTED, LVIS_SELECTED);
+    }
+    if (key == 'A' || key == 'C') return 0;
+  }
   if (key != VK_SPACE || !list_.check_boxes) return {};
   const int row = KeyboardRow();
   if (message == WM_KEYDOWN && (lparam & kRepeated) == 0 && row != 0) Post(Act::kCheck, row);
   return 0;
+}
+
+void ListViewPeer::Copy() const {
+  const std::string text = list_.SelectedText();
+  if (!text.empty()) CopyToClipboard(window_, text);
 }
 
 // Does what a double click does.
@@ -181,6 +219,7 @@ void ListViewPeer::Post(Act act, int number) {
 
 // Raises an event as its last act.
 void ListViewPeer::Perform(Act act, WORD times_cleared, int number) {
+  if (act == Act::kSelectRows) selection_noted_ = false;
   // A box that a handler has shown meanwhile keeps everything behind it still.
   if (IsWindowVisible(window_) == FALSE ||
       IsWindowEnabled(GetAncestor(window_, GA_ROOT)) == FALSE) {
@@ -188,6 +227,7 @@ void ListViewPeer::Perform(Act act, WORD times_cleared, int number) {
   }
   if (act == Act::kClickColumn) return list_.UserColumnClick(number);
   if (times_cleared != static_cast<WORD>(list_.TimesCleared())) return;
+  if (act == Act::kSelectRows) return TakeSelection();
   ListItem* item = list_.Item(number);
   if (act == Act::kKeyboardMenu) {
     const MenuPlace place(MenuPlaceOf(number));
@@ -199,7 +239,7 @@ void ListViewPeer::Perform(Act act, WORD times_cleared, int number) {
   }
   if (item == nullptr) return;
   if (act == Act::kSelect) return list_.UserSelect(*item);
-  if (act == Act::kCheck) return list_.UserCheck(*item, !item->Checked());
+  if (act == Act::kCheck) return list_.UserToggle(*item);
   if (item == list_.SelectedItem()) list_.UserDoubleClick();
 }
 

@@ -16,7 +16,8 @@ ListViewPeer::ListViewPeer(ListView& list, Resources& resources, HWND parent)
       background_(list, resources),
       tool_tip_(list, columns_, resources) {
   CreateWindowOf(WC_LISTVIEWA,
-                 WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS |
+                 WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS |
+                     (list.multi_select ? 0U : LVS_SINGLESEL) |
                      (list.headings ? 0U : LVS_NOCOLUMNHEADER),
                  WS_EX_CLIENTEDGE, parent);
   // Texts go to it with 16-bit characters: of 8-bit ones it takes no more than 260 bytes.
@@ -83,6 +84,7 @@ void ListViewPeer::ShowRowCount() {
     snapshot_.Clear();
     followed_ = nullptr;
     selected_row_ = row_count_ = 0;
+    selected_rows_.clear();
     view_known_ = false;
     ListView_SetItemCountEx(window_, 0, 0);
   }
@@ -97,7 +99,11 @@ void ListViewPeer::ShowRowCount() {
 
 void ListViewPeer::ShowSelection() {
   const ListItem* selected = list_.SelectedItem();
-  if (selected != list_.Item(selected_row_)) SelectInWindow(list_.IndexOf(selected));
+  if (list_.multi_select) {
+    ShowSelectedRows();
+  } else if (selected != list_.Item(selected_row_)) {
+    SelectInWindow(list_.IndexOf(selected));
+  }
   if (list_.VisibleItem() == followed_) return;
   followed_ = list_.VisibleItem();
   const int row = list_.IndexOf(followed_);
@@ -110,6 +116,18 @@ void ListViewPeer::SelectInWindow(int row) {
   if (row == 0) return;
   constexpr UINT kSelected = LVIS_SELECTED | LVIS_FOCUSED;
   ListView_SetItemState(window_, row - 1, kSelected, kSelected);
+}
+
+void ListViewPeer::ShowSelectedRows() {
+  if (selected_rows_ == list_.SelectedRows()) return;
+  selected_rows_ = list_.SelectedRows();
+  ListView_SetItemState(window_, -1, 0, LVIS_SELECTED);
+  for (int row = 1; row <= list_.Count(); ++row) {
+    const ListItem* item = list_.Item(row);
+    if (!item->Selected()) continue;
+    const UINT state = LVIS_SELECTED | (item == list_.SelectedItem() ? LVIS_FOCUSED : 0U);
+    ListView_SetItemState(window_, row - 1, state, state);
+  }
 }
 
 void ListViewPeer::ShowChangedRows() {

@@ -37,6 +37,7 @@ class ListViewPeer : public Peer {
   // or close the form, none of which that list bears amidst its own work.
   enum class Act : WORD {
     kSelect,
+    kSelectRows,  // those that the window has selected
     kCheck,
     kClickColumn,
     kDoubleClick,
@@ -51,12 +52,16 @@ class ListViewPeer : public Peer {
   void ShowSelection();
   void ShowChangedRows();
   void SelectInWindow(int row);
+  // Several rows.
+  void ShowSelectedRows();
   // A list that has the focus shows where: its first row bears the focus until another one does.
   void ShowFocus();
 
   // What the window asks for: list_view_rows.cpp.
   void TellRow(LVITEMW& item);
   void TellText(const ListItem* row, LVITEMW& item);
+  // As a cell shows it: of a path, whose end tells the most, the middle is left out.
+  std::wstring Shortened(std::wstring text, int place) const;
   int FindRow(const NMLVFINDITEMW& search) const;
   LRESULT OnCustomDraw(const NMLVCUSTOMDRAW& drawing);
 
@@ -67,6 +72,9 @@ class ListViewPeer : public Peer {
   Answer OnKey(UINT message, WPARAM key, LPARAM lparam);
   void OnContextMenu(LPARAM lparam);
   int KeyboardRow() const;
+  void NoteSelection();
+  void TakeSelection();
+  void Copy() const;
   // Where the menu of a row that the keyboard asks for opens, on the screen; row 0 is none.
   POINT MenuPlaceOf(int row) const;
   void Post(Act act, int number);
@@ -85,6 +93,10 @@ class ListViewPeer : public Peer {
   unsigned times_cleared_ = 0;
   int row_count_ = 0;
   int selected_row_ = 0;  // in the window; rows count from 1, 0 is none
+  // The same where several can be, as they were shown last.
+  std::vector<ListItem*> selected_rows_;
+  bool selection_noted_ = false;  // kSelectRows is posted
+  HDC painting_ = nullptr;        // while it is painted
   const ListItem* followed_ = nullptr;
   ListViewSnapshot::Range in_view_;
   bool view_known_ = false;  // rows move when the window is painted

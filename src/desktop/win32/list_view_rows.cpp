@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "desktop/win32/gdi_objects.h"
 #include "desktop/win32/list_view_peer.h"
 #include "platform/letter_case.h"
 #include "platform/windows/wide_text.h"
@@ -35,12 +36,37 @@ void ListViewPeer::TellText(const ListItem* row, LVITEMW& item) {
   if (row != nullptr && column == 0) text = row->Caption().View();
   if (row != nullptr && column > 0) text = row->SubItem(column).View();
   std::wstring told = Wide(text.substr(0, kMostBytes));
+  if (painting_ != nullptr) told = Shortened(std::move(told), item.iSubItem);
   if (static_cast<int>(told.size()) < item.cchTextMax) {
     std::copy_n(told.c_str(), told.size() + 1, item.pszText);
   } else {
     long_text_ = std::move(told);
     item.pszText = long_text_.data();
   }
+}
+
+std::wstring ListViewPeer::Shortened(std::wstring text, int place) const {
+  constexpr int kMarginAt96 = 12;  // what the platform leaves free beside a cell's text
+  const std::size_t size = text.size();
+  if (text.find(L'\\') == std::wstring::npos) return text;
+  RECT cell{};
+  ListView_GetSubItemRect(window_, 0, place, place == 0 ? LVIR_LABEL : LVIR_BOUNDS, &cell);
+  const int room = cell.right - cell.left - resources_.Scaled(kMarginAt96);
+  const Selection font(painting_, reinterpret_cast<HGDIOBJ>(  // NOLINT(performance-no-int-to-ptr)
+                                      SendMessageW(window_, WM_GETFONT, 0, 0)));
+  std::vector<int> ends(size);  // where each character ends, in pixels
+  SIZE all{};
+  SIZE dots{};
+  GetTextExtentExPointW(painting_, text.c_str(), static_cast<int>(size), 0, nullptr, ends.data(),
+                        &all);
+  GetTextExtentPoint32W(painting_, L"\x2026", 1, &dots);
+  if (all.cx <= room || room <= 3 * dots.cx) return text;
+  const auto from = std::upper_bound(ends.begin(), ends.end(), room / 3);
+  const int kept = from == ends.begin() ? 0 : *(from - 1);
+  const auto to = std::lower_bound(from, ends.end(), all.cx - (room - kept - dots.cx));
+  if (to == ends.end()) return text;
+  return text.substr(0, static_cast<std::size_t>(from - ends.begin())) + L'\x2026' +
+         text.substr(static_cast<std::size_t>(to - ends.begin()) + 1);
 }
 
 int ListViewPeer::FindRow(const NMLVFINDITEMW& search) const {
@@ -62,8 +88,12 @@ int ListViewPeer::FindRow(const NMLVFINDITEMW& search) const {
 // The platform shows the focus on a row; an empty list shows it too.
 LRESULT ListViewPeer::OnCustomDraw(const NMLVCUSTOMDRAW& drawing) {
   const LRESULT answer = background_.OnCustomDraw(drawing);
+  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) {
+    painting_ = drawing.nmcd.hdc;
+    return answer | CDRF_NOTIFYPOSTPAINT;
+  }
+  if (drawing.nmcd.dwDrawStage == CDDS_POSTPAINT) painting_ = nullptr;
   if (row_count_ != 0 || GetFocus() != window_) return answer;
-  if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return answer | CDRF_NOTIFYPOSTPAINT;
   if (drawing.nmcd.dwDrawStage != CDDS_POSTPAINT) return answer;
   if ((SendMessageW(window_, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) != 0) return answer;
   RECT headings = {};

@@ -21,7 +21,8 @@ std::string TextOf(HWND window) {
 
 TextBoxPeer::TextBoxPeer(TextBox& box, Resources& resources, HWND parent)
     : Peer(box, resources), box_(box) {
-  CreateWindowOf("EDIT", ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, parent);
+  CreateWindowOf("EDIT", ES_AUTOHSCROLL | WS_TABSTOP, box.BorderStyle() == 0 ? 0 : WS_EX_CLIENTEDGE,
+                 parent);
 }
 
 void TextBoxPeer::Refresh() {

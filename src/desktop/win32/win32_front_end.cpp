@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/win32/clipboard.h"
 #include "desktop/win32/folder_dialog.h"
 #include "desktop/win32/guarded.h"
 #include "desktop/win32/input_box.h"
 #include "desktop/win32/message_boxes.h"
 #include "desktop/win32/modal_timer.h"
 #include "desktop/win32/popup_menu.h"
+#include "desktop/win32/save_dialog.h"
 #include "toolkit/menu.h"
 // It wants the platform's headers before it.
 #include <commctrl.h>
@@ -175,6 +177,12 @@ std::string Win32FrontEnd::InputBox(std::string_view prompt, std::string_view ti
 std::string Win32FrontEnd::BrowseForFolder(std::string_view title) {
   return Modally([&](HWND owner) { return AskForFolder(owner, title); });
 }
+
+std::string Win32FrontEnd::AskSaveFile(std::string_view title, std::string_view name) {
+  return Modally([&](HWND owner) { return AskForSaveFile(owner, title, name); });
+}
+
+void Win32FrontEnd::CopyText(std::string_view text) { CopyToClipboard(Owner(), text); }
 
 void Win32FrontEnd::PopupMenu(Menu& menu) {
   const Control* form = &menu;

@@ -42,6 +42,8 @@ class Win32FrontEnd : public FrontEnd, private FormHost {
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string BrowseForFolder(std::string_view title) override;
+  std::string AskSaveFile(std::string_view title, std::string_view name) override;
+  void CopyText(std::string_view text) override;
   void PopupMenu(Menu& menu) override;
   bool NotifyIcon(TrayMessage message, const TrayIcon& icon) override;
   void SetMousePointer(MousePointer pointer) override;

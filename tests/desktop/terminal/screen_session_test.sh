@@ -53,7 +53,7 @@ a_partial_repair_its_undo_and_a_junk_clean_up() {
 
   press 0 6 'Interfaces  ' # the row, then the first row's tick below
   see '> Interfaces'
-  see '1-6 of 8'
+  see '1-7 of 8'
   press 0 5 '048E1A930251}'
   see '[ ] HKEY_CLAS'
   keys BTab Down Down # to the shared libraries, of which two are marked together

@@ -2,6 +2,7 @@
 // them raise.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <utility>
 
@@ -152,6 +153,33 @@ TEST_F(ListPeers, APersonsActsInAListRaiseItsEvents) {
   EXPECT_TRUE(IsSelected(7));
   EXPECT_FALSE(IsSelected(5));
   EXPECT_EQ(TakeLog(), "") << "the program's own selection raises nothing";
+}
+
+TEST_F(ListPeers, SeveralRowsAreSelectedTickedAndCopiedTogether) {
+  list_.multi_select = true;
+  ListViewPeer several(list_, resources_, window_);
+  Fill(3);
+  several.Refresh();
+  const auto type = [&](WPARAM key, bool with_control) {
+    std::array<BYTE, 256> keys{};
+    keys[VK_CONTROL] = with_control ? 0x80 : 0;
+    SetKeyboardState(keys.data());
+    PostMessageA(several.Window(), WM_KEYDOWN, key, 1);
+    Pump();
+    several.Refresh();
+    return TakeLog();
+  };
+  EXPECT_EQ(type('A', true), "click row 1");
+  EXPECT_EQ(type(VK_SPACE, false), "tick K1, tick K2, tick K3");
+  EXPECT_EQ(type('C', true), "");
+  ASSERT_TRUE(OpenClipboard(nullptr));
+  EXPECT_STREQ(static_cast<const char*>(GetClipboardData(CF_TEXT)),
+               "row 1\tthird 1\r\nrow 2\tthird 2\r\nrow 3\tthird 3\r\n");
+  CloseClipboard();
+  list_.Select(list_.Item(2));
+  several.Refresh();
+  EXPECT_EQ(ListView_GetSelectedCount(several.Window()), 1U);
+  EXPECT_EQ(type(VK_SPACE, false), "clear K2");
 }
 
 TEST_F(ListPeers, AnActOnRowsThatHaveGoneMeanwhileIsDropped) {

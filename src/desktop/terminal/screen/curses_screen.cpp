@@ -14,6 +14,7 @@
 #include <chrono>
 #include <clocale>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -63,6 +64,25 @@ short PairOf(Style style) { return static_cast<short>(static_cast<int>(style) + 
 bool ColorIsWanted() {
   const char* refusal = std::getenv("NO_COLOR");
   return refusal == nullptr || *refusal == '\0';
+}
+
+// RFC 4648.
+std::string Base64(std::string_view bytes) {
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  constexpr std::size_t kGroup = 3;
+  std::string text;
+  for (std::size_t at = 0; at < bytes.size(); at += kGroup) {
+    std::uint32_t group = 0;
+    for (std::size_t i = at; i < at + kGroup; ++i) {
+      group = group << 8U | (i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U);
+    }
+    const std::size_t given = std::min(bytes.size() - at, kGroup);
+    for (std::size_t digit = 0; digit < 4; ++digit) {
+      text += digit > given ? '=' : kDigits[group >> (18U - 6U * digit) & 63U];
+    }
+  }
+  return text;
 }
 
 // Set by SetUpColors.
@@ -351,6 +371,11 @@ void CursesScreen::Show() {
 }
 
 void CursesScreen::Beep() { beep(); }
+
+void CursesScreen::CopyText(std::string_view text) {
+  putp(("\x1B]52;c;" + Base64(text) + "\a").c_str());
+  doupdate();
+}
 
 std::optional<ScreenInput> CursesScreen::Read() {
   wint_t character = 0;

@@ -101,6 +101,8 @@ class CursesScreen {
   void PutCursor(int row, int column);
   void Show();
   void Beep();
+  // To the clipboard of the terminal, where that takes it (xterm's control sequence 52).
+  void CopyText(std::string_view text);
 
   // Waits for the next input; 0 does not wait, a negative time waits for ever.
   ScreenInput Wait(int timeout_ms);

@@ -73,7 +73,11 @@ bool MoveInList(Rows& list, const ListShape& shape, ListRange& range, Key key) {
     if (!range.IsOf(list)) range.Begin(list, std::max(here, 1));
     range.Extend(target);
   }
-  if (target != here) list.UserSelect(target);
+  if (range.IsOf(list)) {
+    list.UserSelectRange(range.First(), range.Last(), target);
+  } else if (target != here) {
+    list.UserSelect(target);
+  }
   return true;
 }
 

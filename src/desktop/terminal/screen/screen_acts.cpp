@@ -226,6 +226,7 @@ void ScreenFrontEnd::MarkAll() {
   if (list->Count() == 0) return;
   range_.Begin(*list, 1);
   range_.Extend(list->Count());
+  list->UserSelectRange(1, list->Count(), std::max(SelectedRow(*list), 1));
 }
 
 // The menu opens below its row.

@@ -26,6 +26,7 @@ class ScreenFrontEnd : public DeskFrontEnd {
                        std::string_view default_text) override;
   std::string BrowseForFolder(std::string_view title) override;
   void PopupMenu(Menu& menu) override;
+  void CopyText(std::string_view text) override;
   void Beep() override { screen_.Beep(); }
 
  private:

@@ -109,6 +109,11 @@ void ScreenFrontEnd::ShowMessage(std::string_view text, std::string_view title, 
   RunModally(question.form, question.answered);
 }
 
+void ScreenFrontEnd::CopyText(std::string_view text) {
+  screen_.CopyText(text);
+  notice_ = "copied, where the terminal lets programs do that";
+}
+
 // The safe answer comes first and has the focus.
 bool ScreenFrontEnd::AskYesNo(std::string_view text, std::string_view title) {
   Question question(title, text);

@@ -63,8 +63,8 @@ bool EditText(TextBox& box, const ScreenInput& input) {
       if (!box.Locked()) Erase(box, input.key == Key::kBackspace);
       return true;
     case Key::kCharacter:
-      if (input.alt || input.character < kFirstPrinting) return false;
-      if (!box.Locked()) Insert(box, input.character);
+      if (input.alt || input.character < kFirstPrinting || box.Locked()) return false;
+      Insert(box, input.character);
       return true;
     default:
       return false;
