@@ -8,6 +8,7 @@
 #include "helpers/text_helpers.h"
 #include "platform/file_system_object.h"
 #include "platform/letter_case.h"
+#include "platform/unique_handle.h"
 #include "registry/mdlRegistry.h"
 #include "repair/undo_file.h"
 #include "window/finding_columns.h"
@@ -27,6 +28,7 @@ struct RepairJob {
   frmMain& window;
   const std::string& undo_file;
   CompleteRecord& record;
+  LSTATUS& status;  // of the deletion
 };
 
 Finding FindingOf(const ListItem& row) {
@@ -42,12 +44,13 @@ bool IsWholeRoot(std::string_view sub_key) {
 }
 
 bool DeleteKey(const RepairJob& job, std::string_view root_text, const std::string& sub_key) {
+  job.status = ERROR_INVALID_PARAMETER;
   if (IsWholeRoot(sub_key)) return false;
   const HKEY root = StripHkey(root_text);
   job.record.KeepKey(root, sub_key);
-  const bool deleted = SHDeleteKeyA(root, sub_key.c_str()) == ERROR_SUCCESS;
+  job.status = SHDeleteKeyA(root, sub_key.c_str());
   job.record.Deleted();
-  return deleted;
+  return job.status == ERROR_SUCCESS;
 }
 
 void RepairKey(const RepairJob& job, const Finding& finding) {
@@ -69,6 +72,22 @@ void RepairAssociation(const RepairJob& job, const Finding& finding) {
   RepairKeyOrSafeList(job, finding, finding.path);
 }
 
+// What keeps a value where it is; ERROR_SUCCESS when it has gone.
+LSTATUS WhyStays(HKEY root, const std::string& sub_key, const std::string& name) {
+  HKEY opened = nullptr;
+  const LSTATUS status = RegOpenKeyExA(root, sub_key.c_str(), 0, KEY_QUERY_VALUE, &opened);
+  if (status == ERROR_ACCESS_DENIED) return status;
+  const UniqueKey key(opened);
+  if (RegQueryValueExA(key.Get(), name.c_str(), nullptr, nullptr, nullptr, nullptr) !=
+      ERROR_SUCCESS) {
+    return ERROR_SUCCESS;
+  }
+  HKEY changeable = nullptr;
+  const LSTATUS why = RegOpenKeyExA(root, sub_key.c_str(), 0, KEY_SET_VALUE, &changeable);
+  const UniqueKey closed(changeable);
+  return why == ERROR_SUCCESS ? ERROR_INVALID_PARAMETER : why;
+}
+
 void RepairValue(const RepairJob& job, const Finding& finding) {
   SafeReg(finding.path, finding.value_name, finding.data, finding.type, job.undo_file);
   const HKEY root = StripHkey(finding.path);
@@ -76,6 +95,7 @@ void RepairValue(const RepairJob& job, const Finding& finding) {
   job.record.KeepValue(root, sub_key, finding.value_name);
   DeleteRegValue(root, sub_key, finding.value_name);
   job.record.Deleted();
+  job.status = WhyStays(root, sub_key, finding.value_name);
 }
 
 void RepairKeyOrValue(const RepairJob& job, const Finding& finding) {
@@ -103,7 +123,9 @@ void RepairShortcut(const RepairJob& job, const Finding& finding) {
   FileSystemObject files;
   files.CopyFile(finding.path, job.window.application.folder + "\\BACKUP\\" + name);
   job.record.KeepFile(finding.path);
-  files.DeleteFile(finding.path, /*force=*/true);
+  const auto error = files.DeleteFile(finding.path, /*force=*/true);
+  job.status =
+      error == FileSystemObject::kNone ? ERROR_SUCCESS : static_cast<LSTATUS>(GetLastError());
   job.record.Deleted();
 }
 
@@ -127,16 +149,32 @@ constexpr std::array<CategoryRepair, 12> kRepairs = {{
     {"CLSID", RepairClass},
 }};
 
+RepairOutcome OutcomeOf(LSTATUS status) {
+  switch (status) {
+    case ERROR_SUCCESS:
+    case ERROR_FILE_NOT_FOUND:  // it went with another finding
+    case ERROR_PATH_NOT_FOUND:
+      return RepairOutcome::kGone;
+    case ERROR_ACCESS_DENIED:
+      return RepairOutcome::kNoRights;
+    case ERROR_SHARING_VIOLATION:
+      return RepairOutcome::kInUse;
+    default:
+      return RepairOutcome::kStayed;
+  }
+}
+
 }  // namespace
 
-bool RepairFinding(frmMain& window, const ListItem& finding, const std::string& undo_file,
-                   CompleteRecord& record) {
+std::optional<RepairOutcome> RepairFinding(frmMain& window, const ListItem& finding,
+                                           const std::string& undo_file, CompleteRecord& record) {
   for (const CategoryRepair& category : kRepairs) {
     if (!(finding.SubItem(kTestCode) == category.code)) continue;
-    category.repair({window, undo_file, record}, FindingOf(finding));
-    return true;
+    LSTATUS status = ERROR_SUCCESS;
+    category.repair({window, undo_file, record, status}, FindingOf(finding));
+    return OutcomeOf(status);
   }
-  return false;
+  return std::nullopt;
 }
 
 }  // namespace tidemark

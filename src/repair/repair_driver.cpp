@@ -38,13 +38,15 @@ struct Repair {
   std::string undo_file;
   CompleteRecord record;
   int repaired = 0;
+  std::array<int, 4> outcomes{};  // by RepairOutcome
 };
 
 void RepairRow(frmMain& window, const ListItem& finding, Repair& repair) {
-  if (!IsSelected(finding) || !RepairFinding(window, finding, repair.undo_file, repair.record)) {
-    return;
-  }
+  if (!IsSelected(finding)) return;
+  const auto outcome = RepairFinding(window, finding, repair.undo_file, repair.record);
+  if (!outcome) return;
   ++repair.repaired;
+  ++repair.outcomes.at(static_cast<std::size_t>(*outcome));
   if (const DiagnosticTest* test = FindDiagnosticTest(finding.SubItem(kTestCode).View())) {
     --window.SeverityCounts[static_cast<std::size_t>(test->severity)];
   }
@@ -63,12 +65,28 @@ void RepairRows(frmMain& window, Repair& repair) {
   }
 }
 
+// " (no rights to 2, 1 in use)"; empty when no deletion told a reason.
+std::string WhyStayed(const Repair& repair) {
+  const auto count = [&repair](RepairOutcome outcome) {
+    return repair.outcomes.at(static_cast<std::size_t>(outcome));
+  };
+  const int no_rights = count(RepairOutcome::kNoRights);
+  const int in_use = count(RepairOutcome::kInUse);
+  std::string reasons;
+  if (no_rights > 0) reasons = "no rights to " + std::to_string(no_rights);
+  if (in_use > 0) reasons += (reasons.empty() ? "" : ", ") + std::to_string(in_use) + " in use";
+  return reasons.empty() ? "" : " (" + reasons + ")";
+}
+
 void TellOnHomePage(frmMain& window, const Repair& repair) {
   const std::size_t stayed = repair.record.stayed();
   const std::size_t failures = repair.record.failures();
   std::string text = "Problems repaired : ";
-  text += std::to_string(static_cast<std::size_t>(repair.repaired) - stayed) + ". ";
-  if (stayed > 0) text += std::to_string(stayed) + " could not be deleted. ";
+  text += std::to_string(static_cast<std::size_t>(repair.repaired) - stayed) + ", undo file " +
+          repair.undo_file.substr(repair.undo_file.rfind('\\') + 1) + ". ";
+  if (stayed > 0) {
+    text += std::to_string(stayed) + " could not be deleted" + WhyStayed(repair) + ". ";
+  }
   if (failures == 0) {
     text += "All of it can be restored from the Backups page.";
   } else {

@@ -79,7 +79,8 @@ TEST(CompleteRestore, AKeyComesBackToTheLastBit) {
   on.RepairBelow("APP", "app");
   EXPECT_EQ(on.Get("app", ""), "no key");
   EXPECT_EQ(on.window.lblRepaired.Caption(),
-            "Problems repaired : 1. All of it can be restored from the Backups page.");
+            "Problems repaired : 1, undo file " + on.window.LvBackup.Item(1)->Caption().String() +
+                ". All of it can be restored from the Backups page.");
   on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
   on.window.LvBackup.MouseUp();
   EXPECT_EQ(on.window.LvBackup.ToolTipText(), "4 keys, 36 values");

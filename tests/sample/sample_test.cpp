@@ -73,8 +73,9 @@ TEST(Sample, ComesBackToTheLastBitFromARepair) {
   const std::vector<std::string> found = on.Findings();
   on.window.cmdFix.Click();
   EXPECT_EQ(on.window.lblRepaired.Caption(),
-            "Problems repaired : 110. 1 could not be deleted. All of it can be restored from the "
-            "Backups page.");
+            "Problems repaired : 110, undo file " + on.window.LvBackup.Item(1)->Caption().String() +
+                ". 1 could not be deleted (no rights to 1). All of it can be restored from the "
+                "Backups page.");
   EXPECT_LT(TakeExactSnapshot().size(), before.size());
   on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
   on.front_end.When([&on] { return on.window.mess_box && on.window.mess_box->cmdYes.Visible(); },
