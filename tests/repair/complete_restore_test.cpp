@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "platform/program_start.h"
 #include "registry/exact_registry.h"
 #include "repair/backups.h"
 #include "repair/repair.h"
@@ -88,6 +89,30 @@ TEST(CompleteRestore, AKeyComesBackToTheLastBit) {
   EXPECT_EQ(on.Told(), "Everything was put back as it was.");
   EXPECT_TRUE(TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey()) == before);
   EXPECT_EQ(on.window.LvBackup.Count(), 0);
+}
+
+TEST(CompleteRestore, APersonCanImportTheRecordWithTheEditor) {
+  LivePc on;
+  const ExactValue kinds[] = {{REG_SZ, "\x16\x04\"\0\\\0\0\0"s},
+                              {REG_SZ, "a\0\r\0\n\0\0\0"s},
+                              {REG_EXPAND_SZ, "%\0x\0\0\0"s},
+                              {REG_MULTI_SZ, "a\0\0\0\0\0"s},
+                              {REG_DWORD, "1234"s},
+                              {REG_NONE, ""},
+                              {REG_BINARY, std::string(300, 'x')},
+                              {0x77, "\1\2\3"s}};
+  for (const char* const key : {"app", "app\\below", "app\\\xD0\x96 ]"}) {
+    char name = 'a';
+    for (const ExactValue& value : kinds) on.Set(key, "\"\xD0\x96\\"s + name++, value);
+  }
+  const ExactSnapshot before = TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey());
+  on.RepairBelow("APP", "app");
+  const std::string record = on.window.LvBackup.Item(1)->Caption().String() + "\\registry.reg";
+  const auto editor = StartAndFollow(
+      "regedit /s \"" + on.pc.program_folder() + "\\backup\\complete\\" + record + '"',
+      WindowStyle::kMinimizedFocus);
+  for (int wait = 0; wait < 200 && !editor->HasEnded(); ++wait) Sleep(50);
+  EXPECT_TRUE(TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey()) == before);
 }
 
 TEST(CompleteRestore, NeitherOrderOfTwoRepairsLosesWhatOneHolds) {
