@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/program_start.h"
+#include "platform/registry_rules.h"
 #include "registry/exact_registry.h"
 #include "repair/backups.h"
 #include "repair/repair.h"
@@ -76,6 +77,7 @@ TEST(CompleteRestore, AKeyComesBackToTheLastBit) {
     for (const ExactValue& value : kinds) on.Set(key, "\"\xD0\x96\\"s + name++, value);
     on.Set(key, "", kTwo);
   }
+  on.Set("app", std::string(kLongestValueName, 'n'), {REG_BINARY, std::string(1'000'000, '\xA5')});
   const ExactSnapshot before = TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey());
   on.RepairBelow("APP", "app");
   EXPECT_EQ(on.Get("app", ""), "no key");
@@ -84,7 +86,7 @@ TEST(CompleteRestore, AKeyComesBackToTheLastBit) {
                 ". All of it can be restored from the Backups page.");
   on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
   on.window.LvBackup.MouseUp();
-  EXPECT_EQ(on.window.LvBackup.ToolTipText(), "4 keys, 36 values");
+  EXPECT_EQ(on.window.LvBackup.ToolTipText(), "4 keys, 37 values");
   on.Restore(1);
   EXPECT_EQ(on.Told(), "Everything was put back as it was.");
   EXPECT_TRUE(TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey()) == before);
