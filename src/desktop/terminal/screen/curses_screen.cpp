@@ -43,7 +43,7 @@ constexpr std::array<Look, 15> kLooks = {{
     {A_DIM, A_DIM, {-1, -1}, {245, -1}},
     {A_NORMAL, A_NORMAL, {COLOR_BLUE, -1}, {67, -1}},
     {A_BOLD, A_BOLD, {COLOR_CYAN, -1}, {80, -1}},
-    {A_REVERSE, A_BOLD, {COLOR_BLACK, COLOR_CYAN}, {231, 25}},
+    {A_REVERSE, A_BOLD, {COLOR_BLACK, COLOR_CYAN}, {16, 80}},
     {A_BOLD, A_BOLD, {COLOR_WHITE, COLOR_BLUE}, {231, 24}},
     {A_UNDERLINE, A_NORMAL, {COLOR_WHITE, COLOR_BLUE}, {231, 238}},
     {A_REVERSE, A_NORMAL, {COLOR_BLACK, COLOR_WHITE}, {252, 236}},
@@ -308,7 +308,12 @@ CursesScreen::CursesScreen(std::FILE* input, std::FILE* output) {
   TakeSignals();
 }
 
-CursesScreen::~CursesScreen() { endwin(); }
+CursesScreen::~CursesScreen() {
+  // Where there is no second screen the shell goes on in the last line.
+  Fill({Height() - 1, 0, 1, Width()});
+  refresh();
+  endwin();
+}
 
 int CursesScreen::Width() const { return getmaxx(stdscr); }
 int CursesScreen::Height() const { return getmaxy(stdscr); }
@@ -367,6 +372,8 @@ void CursesScreen::PutCursor(int row, int column) {
 void CursesScreen::Show() {
   curs_set(cursor_ ? 1 : 0);
   cursor_ = false;
+  // While it draws, ncurses ignores Ctrl+Z, and by that drops one that waits for its handler.
+  Poll(0);
   refresh();
 }
 
