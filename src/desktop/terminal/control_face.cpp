@@ -93,7 +93,9 @@ std::string ImageText(const ImageBox& image) {
     return film->Playing() ? picture : std::string();
   }
   const std::string name = NameOf(image);
-  return picture.empty() || name.empty() ? std::string() : name + ": " + picture;
+  // "Registry health: Low": what stands before the dash says what the picture is of.
+  if (picture.empty() || name.empty()) return {};
+  return name + ": " + picture.substr(picture.find('-') + 1);
 }
 
 bool IsHeadingOfList(const Label& label) {

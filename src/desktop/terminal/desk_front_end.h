@@ -56,7 +56,8 @@ class DeskFrontEnd : public FrontEnd {
   void RunLine(std::string_view line, std::string_view list_separator);
   void CloseDialog();
   void CloseMain();
-  void TakeOff(const Form& form);
+  // The form goes, and may be destroyed.
+  virtual void TakeOff(const Form& form);
   // The next yield looks.
   void LookSoon() { yields_to_pulse_ = pulse_period_ = 1; }
 

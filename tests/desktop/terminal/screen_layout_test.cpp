@@ -1,8 +1,12 @@
 // Where the controls of the pages stand on a screen.
+#include <map>
+#include <set>
+
 #include "desktop/terminal/screen/layout.h"
 #include "desktop/terminal/screen/list_acts.h"
 #include "tests/desktop/terminal/pages_test.h"
 #include "toolkit/reading_order.h"
+#include "window/dialogs.h"
 
 namespace tidemark {
 namespace {
@@ -21,7 +25,8 @@ TEST_F(ScreenLayoutTest, EveryPageFitsFromSixtyColumnsOnAndNothingOverlaps) {
       const Layout layout = LayOut(window.form, area);
       ASSERT_GT(layout.controls.size(), 5U);
       for (std::size_t i = 0; i < layout.controls.size(); ++i) {
-        const auto& [control, place] = layout.controls[i];
+        const Control* control = layout.controls[i].control;
+        const Area& place = layout.controls[i].area;
         EXPECT_TRUE(place.row >= area.row && place.row + place.height <= area.row + area.height &&
                     place.column + place.width <= area.column + area.width)
             << control->Name() << " in " << area.width;
@@ -54,6 +59,30 @@ TEST_F(ScreenLayoutTest, ListsStandBesideTheirButtonsAndTakeTheRoom) {
   EXPECT_EQ(place_of(window.cmdFileTypes(0)).row, types.row);
   EXPECT_EQ(place_of(window.cmdExcludeFolders(0)).row, folders.row);
   EXPECT_GT(types.height + folders.height, 30);
+}
+
+TEST_F(ScreenLayoutTest, ATextTooLongForAWindowScrollsAboveItsButton) {
+  const frmHelp help{Application{}};
+  const Area area{1, 4, 10, 52};
+  const int most = LayOutScrolled(help.form, area, 0).most_scrolled;
+  ASSERT_GT(most, 5);
+  std::map<const Control*, std::set<int>> seen;
+  for (int scrolled = 0; scrolled <= most + 1; ++scrolled) {
+    int end = area.row;
+    for (const PlacedControl& placed : LayOutScrolled(help.form, area, scrolled).controls) {
+      EXPECT_GE(placed.area.row, end);
+      end = placed.area.row + placed.area.height;
+      for (int line = 0; line < placed.area.height; ++line) {
+        seen[placed.control].insert(placed.first_line + line);
+      }
+    }
+    EXPECT_EQ(end, area.row + area.height) << "the button is at the lower edge";
+  }
+  for (const Control* control : help.form.Controls()) {
+    const auto* label = dynamic_cast<const Label*>(control);
+    if (label == nullptr) continue;
+    EXPECT_EQ(seen[label].size(), LabelLines(*label, area.width).size()) << label->Caption().View();
+  }
 }
 
 TEST_F(ScreenLayoutTest, ARangeIsTickedAsItsLastRowAndFoundRowsAreSelected) {

@@ -56,17 +56,27 @@ a_partial_repair_its_undo_and_a_junk_clean_up() {
   see '1-7 of 8'
   press 0 5 '048E1A930251}'
   see '[ ] HKEY_CLAS'
-  keys BTab Down Down # to the shared libraries, of which two are marked together
+  keys BTab
+  text dll # no key of a button: finds the shared libraries, of which two are marked together
   see '> Shared Dll'
+  keys Enter
   keys Tab Down S-Down Space
   see '+ [ ]'
   text r
-  see '[Home]'
+  see 'Registry health: Healthy'
   text sc
   see 'Problems Found : 4' # three that were left, and one that cannot go
-  text b
-  see '1 row'
-  keys Down Down Down
+  text bg
+  see 'Manual Backup Complete'
+  keys Enter
+  see_no 'Manual Backup Complete'
+  keys BTab Up
+  text m
+  see 'Are you sure'
+  keys Enter # the answer that does no harm, whatever box was there before
+  see_no 'Are you sure'
+  see '2 rows'
+  press 0 6 undo_
   see '> undo_'
   text r
   see 'Are you sure'
@@ -75,7 +85,7 @@ a_partial_repair_its_undo_and_a_junk_clean_up() {
   text y
   see 'has been restored'
   keys Enter
-  see '0 rows'
+  see '1 row'
   text sc
   see '[Registry Scan]'
   see 'Problems Found : 101' # what the repair took is back, but for what it put on the ignore list
@@ -146,13 +156,16 @@ a_resize_in_mid_scan_a_stop_and_a_crash() {
   see 'needs 60 columns'
   keys C-z
   see 'Stopped'
-  "${server[@]}" resize-window -x 80 -y 24
+  "${server[@]}" resize-window -x 60 -y 20
   text fg
   keys Enter
   see Analyzing
+  see 'q: leave'
+  keys BTab
   text p
   see 'Problems Found : '
   see_no 'Problems Found : 111'
+  see '/: find' # the focus has come to the new page
   kill -SEGV "$(pgrep -f "^$program $work/large")"
   see 'Segmentation fault'
   text 'stty -a | tr ";" "\n"'

@@ -74,6 +74,12 @@ std::vector<PlacedControl> Reachable(const Layout& layout) {
   return reachable;
 }
 
+std::vector<Control*> ControlsOf(const Reached& placed) {
+  std::vector<Control*> controls;
+  for (const PlacedControl& each : placed) controls.push_back(each.control);
+  return controls;
+}
+
 Control* FormFocus::Keep(const Reached& reachable) {
   if (reachable.empty()) return nullptr;
   auto here = Find(reachable, focused_);
@@ -90,15 +96,18 @@ Control* FormFocus::Keep(const Reached& reachable) {
     if (nearest != neighbours.end()) {
       focused_ = nearest->control;
     } else {
-      std::vector<Control*> controls;
-      for (const PlacedControl& placed : reachable) controls.push_back(placed.control);
-      focused_ = &FirstFocus(controls);
+      focused_ = &FirstFocus(ControlsOf(reachable));
     }
     here = Find(reachable, focused_);
   }
-  panel_ = focused_->Container();
-  area_ = here->area;
+  MoveTo(*here);
   return focused_;
+}
+
+void FormFocus::MoveTo(const PlacedControl& placed) {
+  focused_ = placed.control;
+  panel_ = focused_->Container();
+  area_ = placed.area;
 }
 
 void FormFocus::MoveByTab(const Reached& reachable, bool back) {
@@ -110,7 +119,7 @@ void FormFocus::MoveByTab(const Reached& reachable, bool back) {
   if (back) std::reverse(stops.begin(), stops.end());
   const auto here = Find(stops, focused_);
   const bool at_end = here == stops.end() || here + 1 == stops.end();
-  MoveTo(at_end ? *stops.front().control : *(here + 1)->control);
+  MoveTo(at_end ? stops.front() : *(here + 1));
 }
 
 void FormFocus::MoveByArrow(const Reached& reachable, Direction direction) {
@@ -126,7 +135,7 @@ void FormFocus::MoveByArrow(const Reached& reachable, Direction direction) {
   }
   if (nearest == nullptr) return;
   const Control* former = focused_;
-  MoveTo(*nearest->control);
+  MoveTo(*nearest);
   auto* option = dynamic_cast<OptionButton*>(nearest->control);
   if (option != nullptr && InOneGroup(*former, *option)) option->Click();
 }

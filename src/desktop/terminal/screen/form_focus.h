@@ -10,6 +10,8 @@ namespace tidemark {
 // Those that the keyboard can reach now, in reading order.
 std::vector<PlacedControl> Reachable(const Layout& layout);
 
+std::vector<Control*> ControlsOf(const std::vector<PlacedControl>& placed);
+
 enum class Direction { kUp, kDown, kLeft, kRight };
 
 class FormFocus {
@@ -17,7 +19,7 @@ class FormFocus {
   // Gives the focus to another control if its own has gone: the one nearest to the former place on
   // the same panel, or the first one on another. Null when none can be reached.
   Control* Keep(const std::vector<PlacedControl>& reachable);
-  void MoveTo(Control& control) { focused_ = &control; }
+  void MoveTo(const PlacedControl& placed);
   void MoveByTab(const std::vector<PlacedControl>& reachable, bool back);
   // To the nearest control on that side, if there is one. Moving among option buttons chooses.
   void MoveByArrow(const std::vector<PlacedControl>& reachable, Direction direction);

@@ -374,7 +374,8 @@ std::vector<std::string> LabelLines(const Label& label, int width) {
     return {FitPath(Displayable(caption), width)};
   }
   std::vector<std::string> lines = Wrap(caption, width);
-  const auto most = static_cast<std::size_t>(std::max(2, lines_in_window));
+  // A screen may have half the window's width.
+  const auto most = static_cast<std::size_t>(std::max(2, 2 * lines_in_window));
   if (lines.size() > most) lines.resize(most);
   return lines;
 }
@@ -385,6 +386,37 @@ Layout LayOut(const Form& form, const Area& area) {
   if (const auto tree = builder.Build(form, 0, 0)) PlaceIn(*tree, area, layout.controls);
   layout.framed_from = layout.controls.size();
   for (const Control* panel : builder.over_lists) PlaceOverList(*panel, area, layout);
+  return layout;
+}
+
+Layout LayOutScrolled(const Form& form, const Area& area, int scrolled) {
+  const auto is_text = [](const PlacedControl& placed) {
+    return dynamic_cast<const Label*>(placed.control) != nullptr;
+  };
+  const int height = SizeOf(form, area.width).height;
+  Layout layout = LayOut(form, {area.row, area.column, height, area.width});
+  const int over = height - area.height;
+  const bool has_list =
+      std::any_of(layout.controls.begin(), layout.controls.end(),
+                  [](const PlacedControl& placed) { return HasRows(*placed.control); });
+  if (over <= 0 || has_list) return LayOut(form, area);
+  layout.most_scrolled = over;
+  scrolled = std::clamp(scrolled, 0, over);
+  int end = area.row + area.height;
+  for (PlacedControl& placed : layout.controls) {
+    placed.area.row -= is_text(placed) ? scrolled : over;
+    if (!is_text(placed)) end = std::min(end, placed.area.row);
+  }
+  for (PlacedControl& placed : layout.controls) {
+    if (!is_text(placed)) continue;
+    Area& place = placed.area;
+    placed.first_line = std::max(area.row - place.row, 0);
+    place.height = std::min(place.row + place.height, end) - place.row - placed.first_line;
+    place.row += placed.first_line;
+  }
+  std::erase_if(layout.controls,
+                [](const PlacedControl& placed) { return placed.area.height <= 0; });
+  layout.framed_from = layout.controls.size();
   return layout;
 }
 

@@ -71,7 +71,7 @@ void Painter::Paint(const PlacedControl& placed, bool focused) {
   } else if (IsTab(control) || IsPageButton(control)) {
     PaintTab(control, area, focused);
   } else if (const auto* label = dynamic_cast<const Label*>(&control)) {
-    PaintLabel(*label, area, focused);
+    PaintLabel(*label, placed, focused);
   } else if (ButtonCaption(control) || !MarkOf(control).empty()) {
     PaintButton(control, area, focused);
   } else if (const auto* image = dynamic_cast<const ImageBox*>(&control)) {
@@ -115,13 +115,16 @@ void Painter::PaintTab(const Control& control, const Area& area, bool focused) {
   }
 }
 
-void Painter::PaintLabel(const Label& label, const Area& area, bool focused) {
+void Painter::PaintLabel(const Label& label, const PlacedControl& placed, bool focused) {
+  const Area& area = placed.area;
   Style style = label.Font().bold ? Style::kStrong : Style::kPlain;
   if (focused) style = Style::kFocus;
-  int row = area.row;
+  int row = area.row - placed.first_line;
   for (const std::string& line : LabelLines(label, area.width)) {
-    if (row >= area.row + area.height) break;
-    screen_.Put(row++, area.column, line, style);
+    if (row >= area.row && row < area.row + area.height) {
+      screen_.Put(row, area.column, line, style);
+    }
+    ++row;
   }
 }
 

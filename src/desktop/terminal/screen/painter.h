@@ -25,7 +25,7 @@ class Painter {
   void Paint(const PlacedControl& placed, bool focused);
   void PaintButton(const Control& control, const Area& area, bool focused);
   void PaintTab(const Control& control, const Area& area, bool focused);
-  void PaintLabel(const Label& label, const Area& area, bool focused);
+  void PaintLabel(const Label& label, const PlacedControl& placed, bool focused);
   void PaintBar(int percent, const Area& area);
   void PaintTextBox(const TextBox& box, const Area& area, bool focused);
   void PaintList(const Rows& list, const Area& area, bool focused);

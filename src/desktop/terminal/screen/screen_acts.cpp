@@ -17,12 +17,7 @@ namespace {
 
 constexpr char32_t kControlA = 1;
 constexpr int kWheelRows = 3;
-
-std::vector<Control*> ControlsOf(const std::vector<PlacedControl>& placed) {
-  std::vector<Control*> controls;
-  for (const PlacedControl& each : placed) controls.push_back(each.control);
-  return controls;
-}
+constexpr int kPageOfText = 10;
 
 std::string AccessKeyOf(const Control& control) {
   return LowerCase(ShowCaption(AccessKeyText(control)).Key());
@@ -59,7 +54,10 @@ void ScreenFrontEnd::OnAwayKey(const ScreenInput& input) {
   Form& window = *desk_.main_window;
   if (input.key == Key::kCharacter && input.character == 'q') return Leave(false);
   if (input.key == Key::kCharacter && input.character == ':') return BeginEntry(Entry::kCommand);
-  if (top_ != nullptr) return;
+  if (top_ != nullptr) {
+    if (input.key == Key::kEscape) OnEscape();
+    return;
+  }
   if (input.key == Key::kEnter) {
     if (!desk_.tray.empty()) return ClickTray(window, TrayClick::kLeft);
     if (window.Visible()) window.SetState(WindowState::kNormal);
@@ -83,11 +81,14 @@ bool ScreenFrontEnd::OnCommonKey(const ScreenInput& input) {
       focus.MoveByTab(reachable_, input.key == Key::kBackTab);
       return true;
     case Key::kUp:
-      focus.MoveByArrow(reachable_, Direction::kUp);
+      if (!ScrollTexts(-1)) focus.MoveByArrow(reachable_, Direction::kUp);
       return true;
     case Key::kDown:
-      focus.MoveByArrow(reachable_, Direction::kDown);
+      if (!ScrollTexts(1)) focus.MoveByArrow(reachable_, Direction::kDown);
       return true;
+    case Key::kPageUp:
+    case Key::kPageDown:
+      return ScrollTexts(input.key == Key::kPageUp ? -kPageOfText : kPageOfText);
     case Key::kLeft:
       focus.MoveByArrow(reachable_, Direction::kLeft);
       return true;
@@ -111,6 +112,12 @@ bool ScreenFrontEnd::OnCommonKey(const ScreenInput& input) {
   }
 }
 
+// False: there are no texts that scroll.
+bool ScreenFrontEnd::ScrollTexts(int lines) {
+  scrolled_ = std::clamp(scrolled_ + lines, 0, layout_.most_scrolled);
+  return layout_.most_scrolled > 0;
+}
+
 bool ScreenFrontEnd::OnLetter(const ScreenInput& input) {
   if (input.character == ' ' && !input.alt) {
     OnSpace();
@@ -130,7 +137,9 @@ bool ScreenFrontEnd::OnLetter(const ScreenInput& input) {
       BeginEntry(Entry::kCommand);
       return true;
     default:
-      return false;
+      if (!HasRows(*focused_) || input.character < ' ') return false;
+      BeginEntry(Entry::kFind);
+      return OnEntryKey(input);
   }
 }
 
@@ -147,9 +156,8 @@ bool ScreenFrontEnd::OnAccessKey(char32_t character) {
     focus_[top_].MoveByTab(matching, false);
     return true;
   }
-  Control& control = *matching.front().control;
-  focus_[top_].MoveTo(control);
-  Press(control);
+  focus_[top_].MoveTo(matching.front());
+  Press(*matching.front().control);
   return true;
 }
 
@@ -250,6 +258,8 @@ void ScreenFrontEnd::OnMouse(const ScreenInput& input) {
     return ClickTray(*desk_.main_window, press ? TrayClick::kLeft : TrayClick::kRight);
   }
   if (top_ == nullptr) return;
+  if (input.act == MouseAct::kWheelUp && ScrollTexts(-kWheelRows)) return;
+  if (input.act == MouseAct::kWheelDown && ScrollTexts(kWheelRows)) return;
   // What lies in front is behind in the order.
   const auto hit = std::find_if(
       reachable_.rbegin(), reachable_.rend(),
@@ -259,7 +269,7 @@ void ScreenFrontEnd::OnMouse(const ScreenInput& input) {
     return;
   }
   Control& control = *hit->control;
-  if (press || input.act == MouseAct::kRightPress) focus_[top_].MoveTo(control);
+  if (press || input.act == MouseAct::kRightPress) focus_[top_].MoveTo(*hit);
   if (const auto list = RowsOf(control)) return OnListMouse(*list, hit->area, input);
   if (press) Press(control);
 }
@@ -342,24 +352,29 @@ void ScreenFrontEnd::Leave(bool ask) {
 }
 
 void ScreenFrontEnd::Help() {
+  // No line is wider than the narrowest screen shows.
   ShowText("Keys",
-           "Tab, Shift+Tab   the next control, the one before\n"
-           "Arrows           the control on that side; in a list, its rows\n"
-           "Enter            presses, opens a row, or presses the bold button\n"
-           "Space            ticks, presses\n"
-           "a letter         presses what has it underlined; Alt: in a text too\n"
+           "Tab         the next control; Shift+Tab goes back\n"
+           "Arrows      the control on that side; or the row\n"
            "Page Up, Page Down, Home, End: in a list\n"
-           "Shift+Up, Shift+Down, Ctrl+A: mark rows; Space then ticks them all\n"
-           "/                finds a row by its text; Up and Down go on\n"
-           "m, Shift+F10     the menu of a row\n"
-           "F1               what Tidemark does\n"
-           "F10              the menu of the tray icon\n"
-           "Esc              cancels, closes\n"
-           ":                a command; \":help\" lists them\n"
-           "q, Ctrl+C        leaves\n"
-           "Ctrl+Z           stops Tidemark until the shell's \"fg\"\n"
-           "The mouse presses, ticks and scrolls, sorts by a click on a heading,\n"
-           "opens by a double click, shows a menu by its right button.");
+           "Enter       presses, opens a row\n"
+           "Space       ticks, presses\n"
+           "a letter    presses what has it underlined; where\n"
+           "            a text is typed, with Alt\n"
+           "Shift+Up, Shift+Down, Ctrl+A: mark rows, which\n"
+           "            Space then ticks together\n"
+           "/           finds a row by its text, as does any\n"
+           "            other letter; Up and Down go on\n"
+           "m           the menu of a row (Shift+F10)\n"
+           "F1          what Tidemark does\n"
+           "F10         the menu of the tray icon\n"
+           "Esc         cancels, closes\n"
+           ":           a command; \":help\" lists them\n"
+           "q, Ctrl+C   leaves\n"
+           "Ctrl+Z      stops Tidemark until the shell's fg\n"
+           "The mouse   presses, ticks, scrolls, sorts by a\n"
+           "            click on a heading, opens by a double\n"
+           "            click; its right button shows a menu");
 }
 
 }  // namespace tidemark

@@ -5,6 +5,7 @@
 #include "desktop/terminal/display_text.h"
 #include "desktop/terminal/screen/painter.h"
 #include "desktop/terminal/screen/screen_front_end.h"
+#include "toolkit/focus.h"
 
 namespace tidemark {
 namespace {
@@ -34,10 +35,14 @@ Form* ScreenFrontEnd::Top() const {
   return nullptr;
 }
 
+int ScreenFrontEnd::WidestWindow() const {
+  return std::min(kWidestWindow, PageArea().width - 2 * kFrameColumns);
+}
+
 // A menu opens where it was asked for, as far as it fits; other windows stand in the middle.
 Area ScreenFrontEnd::WindowArea(const Form& form) const {
   const Area page = PageArea();
-  const int widest = std::min(kWidestWindow, page.width - 2 * kFrameColumns);
+  const int widest = WidestWindow();
   CellSize size = SizeOf(form, widest);
   const int title = DisplayWidth(Displayable(form.Caption().View()));
   size.width = std::clamp(size.width, std::min(title + 2, widest), widest);
@@ -55,11 +60,15 @@ Area ScreenFrontEnd::WindowArea(const Form& form) const {
 
 Layout ScreenFrontEnd::LayoutOf(const Form& form) const {
   if (&form == desk_.main_window) return LayOut(form, PageArea());
-  return LayOut(form, WindowArea(form).Within(kFrameRows, kFrameColumns));
+  return LayOutScrolled(form, WindowArea(form).Within(kFrameRows, kFrameColumns),
+                        &form == top_ ? scrolled_ : 0);
 }
 
 void ScreenFrontEnd::LookAtTop() {
-  top_ = Top();
+  if (Form* top = Top(); top != top_) {
+    top_ = top;
+    scrolled_ = 0;
+  }
   layout_ = top_ == nullptr ? Layout() : LayoutOf(*top_);
   reachable_ = Reachable(layout_);
   focused_ = top_ == nullptr ? nullptr : focus_[top_].Keep(reachable_);
@@ -91,7 +100,11 @@ void ScreenFrontEnd::Draw() {
       const Form& form = *shown.form;
       if (!IsUp(form)) continue;
       if (&form != desk_.main_window) {
-        painter.PaintFrame(WindowArea(form), form.Caption().View());
+        const Area area = WindowArea(form);
+        painter.PaintFrame(area, form.Caption().View());
+        if (&form == top_ && scrolled_ < layout_.most_scrolled) {
+          screen_.Put(area.row + area.height - 1, area.column + 2, " Down: more ", Style::kTitle);
+        }
       }
       painter.PaintControls(&form == top_ ? layout_ : LayoutOf(form),
                             &form == top_ ? focused_ : nullptr);
@@ -123,7 +136,7 @@ void ScreenFrontEnd::DrawStatus() {
     screen_.Put(line.row, right, progress, Style::kStatus);
   }
   if (entry_ == Entry::kNone) {
-    const std::string text = notice_.empty() ? Hint() : notice_;
+    const std::string text = notice_.empty() ? Hint(right - 2) : notice_;
     screen_.Put(line.row, 1, Fit(Displayable(text), right - 2), Style::kStatus);
     return;
   }
@@ -136,19 +149,40 @@ void ScreenFrontEnd::DrawStatus() {
       line.row, 1 + DisplayWidth(before + Displayable(entry_text_.Text().View().substr(0, caret))));
 }
 
-std::string ScreenFrontEnd::Hint() const {
+std::string ScreenFrontEnd::Hint(int width) const {
   if (focused_ == nullptr) return top_ == nullptr ? "Enter: the window   q: leave" : "";
-  const std::string common = "Tab: next   ?: help   q: leave";
+  std::vector<std::string> keys;
+  const bool typing = dynamic_cast<const TextBox*>(focused_) != nullptr;
+  const std::vector<Control*> controls = ControlsOf(reachable_);
   if (const auto list = RowsOf(*focused_)) {
-    std::string hint;
-    if (list->HasCheckBoxes()) hint += "Space: tick   ";
-    if (list->CanBeOpened()) hint += "Enter: open   ";
-    if (list->HasMenu()) hint += "m: menu   ";
-    return hint + "/: find   " + common;
+    if (list->HasCheckBoxes()) keys.emplace_back("Space: tick");
+    if (list->CanBeOpened()) keys.emplace_back("Enter: open");
+    if (list->HasMenu()) keys.emplace_back("m: menu");
+    keys.emplace_back("/: find");
+  } else if (typing) {
+    const CommandButton* button = FindButton(controls, &CommandButton::Default);
+    if (button != nullptr) keys.push_back("Enter: " + ControlText(*button));
+  } else {
+    keys.emplace_back(MarkOf(*focused_).empty() ? "Enter: press" : "Space: change");
+    keys.emplace_back("Arrows: move");
   }
-  if (dynamic_cast<const TextBox*>(focused_) != nullptr) return "Enter: OK   Esc: cancel";
-  if (!MarkOf(*focused_).empty()) return "Space: change   " + common;
-  return "Enter: press   Arrows: move   " + common;
+  keys.emplace_back("Tab: next");
+  if (!typing) keys.emplace_back("?: help");
+  if (const CommandButton* button = FindButton(controls, &CommandButton::Cancel)) {
+    keys.push_back("Esc: " + ControlText(*button));
+  } else if (top_ == menu_) {
+    keys.emplace_back("Esc: close");
+  } else if (top_ == desk_.main_window && !typing) {
+    keys.emplace_back("q: leave");
+  }
+  // What is left out first is what one would try anyway.
+  const auto joined = [&keys] {
+    std::string hint;
+    for (const std::string& key : keys) hint += (hint.empty() ? "" : "   ") + key;
+    return hint;
+  };
+  while (keys.size() > 3 && DisplayWidth(joined()) > width) keys.erase(keys.end() - 3);
+  return joined();
 }
 
 }  // namespace tidemark

@@ -23,16 +23,19 @@ void ScreenFrontEnd::LookForInput() {
   Handle(screen_.Wait(0));
 }
 
+// Another form may come to stand at its address, and must not take over its focus.
+void ScreenFrontEnd::TakeOff(const Form& form) {
+  focus_.erase(&form);
+  DeskFrontEnd::TakeOff(form);
+}
+
 void ScreenFrontEnd::RunModally(Form& form, const bool& answered) {
   struct OnDesk {
     OnDesk(ScreenFrontEnd& front_end, Form& form) : front_end_(front_end), form_(form) {
       front_end_.desk_.forms.push_back({.form = &form_, .loaded = true});
       form_.SetVisible(true);
     }
-    ~OnDesk() {
-      front_end_.TakeOff(form_);
-      front_end_.focus_.erase(&form_);
-    }
+    ~OnDesk() { front_end_.TakeOff(form_); }
     OnDesk(const OnDesk&) = delete;
     OnDesk& operator=(const OnDesk&) = delete;
     ScreenFrontEnd& front_end_;

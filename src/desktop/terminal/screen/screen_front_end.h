@@ -35,6 +35,7 @@ class ScreenFrontEnd : public DeskFrontEnd {
 
   void AwaitInput() override;
   void LookForInput() override;
+  void TakeOff(const Form& form) override;
   void ShowOutput(const std::string& output) override { ShowText("Tidemark", output); }
   // A text to be read, in a window that scrolls.
   void ShowText(std::string_view title, const std::string& text);
@@ -45,9 +46,11 @@ class ScreenFrontEnd : public DeskFrontEnd {
   void Draw();
   void DrawPage(const Form& top);
   void DrawStatus();
-  std::string Hint() const;
+  // The keys that work here, as many as fit.
+  std::string Hint(int width) const;
   bool IsTooSmall() const;
   Area PageArea() const;
+  int WidestWindow() const;  // in columns, without its frame
   // Of a window over the page, with its frame.
   Area WindowArea(const Form& form) const;
   Layout LayoutOf(const Form& form) const;
@@ -65,6 +68,7 @@ class ScreenFrontEnd : public DeskFrontEnd {
   bool OnEntryKey(const ScreenInput& input);
   bool OnListKey(const ScreenInput& input);
   bool OnCommonKey(const ScreenInput& input);
+  bool ScrollTexts(int lines);
   bool OnLetter(const ScreenInput& input);
   void OnAwayKey(const ScreenInput& input);
   bool OnAccessKey(char32_t character);
@@ -93,6 +97,7 @@ class ScreenFrontEnd : public DeskFrontEnd {
   Layout layout_;
   std::vector<PlacedControl> reachable_;
   Control* focused_ = nullptr;
+  int scrolled_ = 0;  // lines of its texts that are out of sight above
 
   ListRange range_;
   Entry entry_ = Entry::kNone;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "desktop/terminal/display_text.h"
 #include "desktop/terminal/during.h"
 #include "desktop/terminal/screen/screen_front_end.h"
 #include "platform/folder_search.h"
@@ -135,7 +136,7 @@ std::string ScreenFrontEnd::InputBox(std::string_view prompt, std::string_view t
   CommandButton& ok = question.AddButton("OK");
   ok.SetDefault(true);
   question.AddButton("Cancel").SetCancel(true);
-  focus_[&question.form].MoveTo(box);
+  focus_[&question.form].MoveTo({&box, {}});
   RunModally(question.form, question.answered);
   return question.answer == &ok ? box.Text().String() : std::string();
 }
@@ -166,7 +167,7 @@ std::string ScreenFrontEnd::BrowseForFolder(std::string_view title) {
   });
   Fill(folders, {});
   folders.Select(folders.Item(1));
-  focus_[&question.form].MoveTo(folders);
+  focus_[&question.form].MoveTo({&folders, {}});
   RunModally(question.form, question.answered);
   return question.answer == &ok ? path.Text().String() : std::string();
 }
@@ -199,16 +200,13 @@ void ScreenFrontEnd::ShowText(std::string_view title, const std::string& text) {
   Question question(title, "");
   ListView lines(&question.form, "lines");
   lines.columns = {{"", 9000, {}}};
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find('\n', start), text.size());
-    lines.Add("", text.substr(start, end - start));
-    start = end + 1;
-  }
+  const int width = WidestWindow() - ListShape::kMarkWidth;
+  for (const std::string& line : Wrap(text, width)) lines.Add("", line);
   question.Add(lines, 5000);
   CommandButton& close = question.AddButton("&Close");
   close.SetDefault(true);
   close.SetCancel(true);
-  focus_[&question.form].MoveTo(lines);
+  focus_[&question.form].MoveTo({&lines, {}});
   RunModally(question.form, question.answered);
 }
 
