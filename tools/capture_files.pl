@@ -42,7 +42,8 @@ sub skip {
 sub file {
     my ($path, $source) = @_;
     open my $to, '>:raw', $path or return skip("$path: $!");
-    if ($with_contents && $source ne '') {
+    # Shortcuts are read by the program.
+    if (($with_contents || $path =~ /\.lnk$/i) && $source ne '') {
         open my $from, '<:raw', $source or return skip("$source: $!");
         print {$to} $_ while read $from, $_, 1 << 20;
     }

@@ -3,6 +3,7 @@
 # FOLDER gets registry.reg (16-bit text) and drives/C. It is the same PC each time. About one
 # reference in twelve is bad, in all shapes that paths and references take. No key is named with one
 # of [ \ ] ^ _ `, which Wine sorts before the letters.
+use Encode;
 use strict;
 use utf8;
 use warnings;
@@ -182,6 +183,41 @@ sub machine_keys {
     }
 }
 
+# A link file with a path in its link info, in 8 bits and if asked for in 16 too, or a relative one.
+sub link_file {
+    my (%has) = @_;
+    my $flags = ($has{path} ? 0x02 : 0) | ($has{relative} ? 0x08 : 0) | 0x80;
+    my $link = pack 'V H32 V x52', 0x4C, '0114020000000000c000000000000046', $flags;
+    if (my $path = $has{path}) {
+        my $head  = $has{wide} ? 0x24 : 0x1C;
+        my $drive = pack 'V4 x', 0x11, 3, 0, 0x10;
+        my $narrow = Encode::encode('cp1252', $path) . "\0";
+        my $end   = $head + length($drive) + length $narrow;
+        my $texts = $drive . $narrow . "\0";
+        $texts .= wide("$path\0\0") if $has{wide};
+        $link .= pack 'V7', $head + length $texts, $head, 1, $head, $head + length $drive, 0, $end;
+        $link .= pack 'V2', $end + 1, $end + 1 + 2 * length($path) + 2 if $has{wide};
+        $link .= $texts;
+    }
+    $link .= pack('v', length $has{relative}) . wide($has{relative}) if $has{relative};
+    return $link . pack 'V', 0;
+}
+
+# A path in 8 bits alone that is outside ASCII can't be judged on each ground: those are good ones.
+sub links {
+    my $menu = 'C:\ProgramData\Microsoft\Windows\Start Menu\Programs';
+    for my $number (1 .. 60) {
+        my $path = file('program', chance(3) == 0);
+        my %has = (path => $path, wide => 1);
+        if ($number % 3 == 1) {
+            %has = (relative => '..\\' x 5 . $path =~ s/^C:.//ir);
+        } elsif ($number % 3 == 2 && ($path =~ /^\p{ASCII}*$/ || $path =~ /(ü|ß|ö|é)/i && $files{$path})) {
+            %has = (path => $path);
+        }
+        $files{"$menu\\" . pick(@words) . " $number.lnk"} = link_file(%has);
+    }
+}
+
 sub make_folders {
     my $made = '';
     for my $name (split m{/}, $_[0]) {
@@ -195,6 +231,7 @@ classes();
 interfaces();
 file_types();
 machine_keys();
+links();
 
 my $script = "\x{FEFF}Windows Registry Editor Version 5.00\r\n";
 for my $key (sort { lc $a cmp lc $b } keys %keys) {

@@ -93,12 +93,14 @@ std::string PathOf(IShellLinkW& link) {
 }
 
 // What the shell says or, where it does not tell, what the file does: Wine's knows neither relative
-// paths nor shares, and takes 8-bit texts as the process's code page, which is UTF-8.
+// paths nor shares, takes 8-bit texts as the process's code page, which is UTF-8, and of a path in
+// both forms the 8-bit one, with a "?" for what its code page lacked.
 std::string TargetOf(IShellLinkW& link, const std::string& bytes, const std::string& file) {
   // For an advertised link of an installer, which has no path, the shell makes one up.
   if ((FlagsOf(link) & SLDF_HAS_DARWINID) != 0) return {};
   std::string target = PathOf(link);
-  if (!target.empty() && !HasReplacementCharacter(target)) return target;
+  const bool whole = !HasReplacementCharacter(target) && target.find('?') == std::string::npos;
+  if (!target.empty() && whole) return target;
   const auto read = ParseLinkFile(bytes);
   return read ? TargetOf(*read, file) : target;
 }
