@@ -63,14 +63,27 @@ bool IsPathByForm(std::string_view text) {
   return true;
 }
 
+// What looking at the root of the drive that the text begins with, quoted or not, ends with.
+DWORD StatusOfDrive(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of("\" "), text.size()));
+  if (text.size() < 2 || text[1] != ':') return ERROR_SUCCESS;
+  const std::string root = {text[0], ':', '\\'};
+  return GetFileAttributesA(root.c_str()) == INVALID_FILE_ATTRIBUTES ? GetLastError()
+                                                                     : ERROR_SUCCESS;
+}
+
 // What GetFolder makes of attributes just asked for.
 Error FolderError(const std::string& path, DWORD attributes) {
   if (attributes != INVALID_FILE_ATTRIBUTES) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Error::kNone : Error::kPathNotFound;
   }
-  const DWORD status = GetLastError();
-  // Too long for the call, it was not looked for: what can be a path may be there.
-  if (status == ERROR_FILENAME_EXCED_RANGE && !IsPathByForm(path)) return Error::kPathNotFound;
+  DWORD status = GetLastError();
+  // Too long for the call, it was not looked for: what can be a path may be there, and anything on
+  // a drive that does not answer.
+  if (status == ERROR_FILENAME_EXCED_RANGE && !IsPathByForm(path)) {
+    status = StatusOfDrive(path);
+    if (status == ERROR_SUCCESS) return Error::kPathNotFound;
+  }
   const Error error = ErrorOf(status);
   return IsMissing(error) ? Error::kPathNotFound : error;
 }

@@ -97,7 +97,10 @@ TEST(CheckValid, WhatCannotBeLookedAtIsNotGone) {
                                      {"fixed error=161", false}}) {
     pc.SetDrive('E', drive);
     // On a drive that fails, a name of any form may be that of a file.
-    for (const char* text : {"E:\\Disc\\play.exe", "E:\\Disc\\play.exe -x:1"}) {
+    for (const std::string& text :
+         {std::string("E:\\Disc\\play.exe"), std::string("E:\\Disc\\play.exe -x:1"),
+          "E:\\Disc\\play.exe -x:" + std::string(250, 'y'),
+          "\"E:\\Disc\\play.exe\" " + std::string(300, 'y')}) {
       EXPECT_EQ(CheckValid(text), valid) << drive << ' ' << text;
     }
   }

@@ -52,13 +52,11 @@ FileStore::FileStore(const DrivePlaces& places, const PcSettings& settings)
   }
 }
 
-// The text in path_, and the status of the path as such. What characters a name may hold is for the
-// drive's file system to say, and a drive that fails has none.
+// The text in path_, and the status of the path as such. What a name may hold, and how long it may
+// be, is for the drive's file system to say, and a drive that fails has none.
 LONG FileStore::Resolve(std::string_view path) {
   const LONG status = NormalisePath(path, current_folder_, path_);
-  if (failing_drives_.empty() || (status != ERROR_SUCCESS && status != ERROR_INVALID_NAME)) {
-    return status;
-  }
+  if (failing_drives_.empty()) return status;
   const auto failing = failing_drives_.find(DriveOf(path, current_folder_));
   return failing == failing_drives_.end() ? status : failing->second;
 }
