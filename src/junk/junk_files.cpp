@@ -1,5 +1,6 @@
 // One found file: whether it is listed, and what its row says.
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,19 @@ void SetDate(ListItem& row, int column, const std::optional<SYSTEMTIME>& date) {
   if (date) row.SetSubItem(column, DateTimeText(*date));
 }
 
+std::size_t HashOfPath(const ListItem& row) {
+  return std::hash<std::string_view>()(row.Caption().View());
+}
+
+// The rows by path since the list was cleared last. A row that is taken out stays in memory.
+auto& RowsByPath(frmMain& window) {
+  if (window.JunkRowsFilling != window.lvJunkFiles.TimesCleared()) {
+    window.JunkRowsFilling = window.lvJunkFiles.TimesCleared();
+    window.JunkRowsByPath.clear();
+  }
+  return window.JunkRowsByPath;
+}
+
 }  // namespace
 
 void IdentifyFiles1(frmMain& window, const std::string& path) {
@@ -51,6 +65,7 @@ void IdentifyFiles1(frmMain& window, const std::string& path) {
   row->SetSubItem(kLetters, AttributeLetters(*attributes));
   row->SetChecked(true);
   window.lvJunkFiles.PutInOrder(row);
+  RowsByPath(window).emplace(HashOfPath(*row), row);
   window.front_end.DoEvents();
 }
 
@@ -67,9 +82,9 @@ std::string AttributeLetters(DWORD attributes) {
 }
 
 void lvJunkFiles_ItemCheck(frmMain& window, const ListItem& row) {
-  for (int index = 1; index <= window.lvJunkFiles.Count(); ++index) {
-    ListItem& other = *window.lvJunkFiles.Item(index);
-    if (other.Caption() == row.Caption()) other.SetChecked(row.Checked());
+  const auto [first, last] = RowsByPath(window).equal_range(HashOfPath(row));
+  for (auto other = first; other != last; ++other) {
+    if (other->second->Caption() == row.Caption()) other->second->SetChecked(row.Checked());
   }
 }
 

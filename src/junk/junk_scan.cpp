@@ -67,9 +67,6 @@ bool HasProtectedExtension(const std::string& name) {
          kProtected.find(LowerCase(std::string_view(name).substr(dot))) != std::string_view::npos;
 }
 
-// Other systems can leave such names behind. As a path they mean what has the name without them.
-bool MeansANamesake(const std::string& name) { return name.ends_with(' ') || name.ends_with('.'); }
-
 // The search gives candidates; the match decides.
 void ScanEntry(frmMain& window, const std::string& folder, const FolderSearch::Entry& found,
                const std::string& pattern) {

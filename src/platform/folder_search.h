@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "platform/winapi.h"
 
@@ -38,5 +39,11 @@ class FolderSearch {
   Entry entry_;
   bool found_ = false;
 };
+
+// Whether the name ends in a blank or a dot. Other systems can leave such names behind; as a path
+// they mean what has the name without them.
+inline bool MeansANamesake(std::string_view name) {
+  return name.ends_with(' ') || name.ends_with('.');
+}
 
 }  // namespace tidemark

@@ -63,7 +63,9 @@ void ScanShortCut(frmMain& window, std::string& folder) {
   if (window.pbarScan.Value() == window.pbarScan.Max()) window.pbarScan.SetValue(0);
   while (found) {
     if (found->name != "." && found->name != "..") {
-      if ((found->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+      if (MeansANamesake(found->name)) {
+        Advance(window.pbarScan);
+      } else if ((found->attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
         ScanSubFolder(window, folder, found->name);
       } else {
         ScanFile(window, folder, found->name);

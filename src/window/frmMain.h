@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 #include "controls/GetFolder.h"
 #include "controls/xp_progress_bar.h"
@@ -180,7 +181,9 @@ struct frmMain {
   bool ScanRunning = false;
   bool StopRequested = false;  // polled after each yield; the only way to end a running loop
   bool JunkScanRunning = false;
-  int RunsUnderWay = 0;  // on top of each other, each at a yield of the one below
+  std::unordered_multimap<std::size_t, ListItem*> JunkRowsByPath;  // by the hash of the path
+  unsigned JunkRowsFilling = 0;  // of the list, when these rows were in it
+  int RunsUnderWay = 0;          // on top of each other, each at a yield of the one below
   unsigned ScansBegun = 0;
   unsigned ScanOfRun = 0;  // the number of the scan whose findings the uppermost run is about
   int CurrentTab = 0;
