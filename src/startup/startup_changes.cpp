@@ -63,6 +63,7 @@ void Complain(frmMain& window, const char* text, const char* title) {
 
 // An expandable text, and whatever else has no command, moves with its type and bytes; so does what
 // the row shows, with what its text could not hold. Another text that has taken its place does not.
+// Where there is neither a value nor a command nothing can be moved.
 bool Move(HKEY root, const std::string& from, const std::string& to, const std::string& name,
           const std::string& command) {
   ExactKey key;
@@ -70,11 +71,12 @@ bool Move(HKEY root, const std::string& from, const std::string& to, const std::
   const bool there =
       ExactKey::Open(root, from, key) == ERROR_SUCCESS && key.Read(name, value) == ERROR_SUCCESS;
   DWORD disposition = 0;
-  if (there && (value.type != REG_SZ || GetOpenKeyString(key.Handle(), name) == command)) {
+  if (there && (value.type != REG_SZ || command.empty() ||
+                GetOpenKeyString(key.Handle(), name) == command)) {
     ExactKey target;
     if (ExactKey::Create(root, to, target) != ERROR_SUCCESS) return false;
     if (target.Write(name, value) != ERROR_SUCCESS) return false;
-  } else if (!WriteRegValue(root, to, name, command, REG_SZ, disposition)) {
+  } else if (command.empty() || !WriteRegValue(root, to, name, command, REG_SZ, disposition)) {
     return false;
   }
   DeleteItem(root, from, name);

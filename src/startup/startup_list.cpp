@@ -20,6 +20,8 @@ void ListKey(frmMain& window, const std::string& location, const std::string& pa
   const DWORD values = CountRegItems(key, RegItems::kValues);
   for (DWORD index = 0; index < values; ++index) {
     const std::string name = EnumRegValueName(key, index);
+    // It is gone, or its name does not fit: not the default value, whose name is the NUL alone.
+    if (!name.ends_with('\0')) continue;
     AddtoRunList(window, name, GetOpenKeyString(key, name), location, enabled, "Reg");
   }
 }

@@ -7,6 +7,7 @@
 
 #include "helpers/system_helpers.h"
 #include "registry/ini_access.h"
+#include "registry/mdlRegistry.h"
 #include "tests/support/settings.h"
 #include "tests/support/special_folders.h"
 #include "tests/support/window_pc.h"
@@ -101,6 +102,21 @@ TEST(Startup, ARegistryEntryGoesToItsTwinAndComesBackUnchanged) {
     on.window.lvPrograms.UserContextMenu(on.window.lvPrograms.Item(1));
     EXPECT_EQ(on.window.mnuAddNew.Enabled(), value.type == REG_SZ) << "it would be emptied";
   }
+}
+
+TEST(Startup, AnEntryWithoutACommandIsNeverMovedAsAnEmptyText) {
+  StartupPc on;
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "%x%", REG_EXPAND_SZ);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, std::string(300, 'n'), "too long a name to be walked");
+  loadPrograms(on.window);
+  EXPECT_EQ(on.window.lvPrograms.Count(), 1) << "and not as the default value";
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "C:\\new.exe");
+  on.Tick("app", false);
+  EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, "-" + kRun, "app"), "C:\\new.exe");
+  DeleteRegValue(HKEY_CURRENT_USER, "-" + kRun, "app");
+  on.Tick("app", true);
+  EXPECT_EQ(on.front_end.messages(), Lines{"Program not enabled: Unable to enable this program"});
+  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "app"));
 }
 
 TEST(Startup, AnEntryThatCannotBeMovedStaysAndSaysSo) {
