@@ -102,11 +102,12 @@ void ShowAtWork(frmMain& window, bool at_work) {
   window.Animation1.SetPlaying(at_work);
 }
 
-// Its record is whole when this returns.
+// Its record is whole when this returns. What a younger repair has told stays.
 void RunRepair(frmMain& window) {
   Repair repair(UndoFilePath(window.application.folder));
+  const Text told = window.lblRepaired.Caption();
   RepairRows(window, repair);
-  TellOnHomePage(window, repair);
+  if (window.lblRepaired.Caption() == told) TellOnHomePage(window, repair);
 }
 
 // The findings of a scan that overtook the repair are to be looked at and repaired in their turn,

@@ -103,11 +103,15 @@ bool IsDue(const frmMain& window, const SYSTEMTIME& now, double chosen) {
 void RunNow(frmMain& window) {
   window.TmrScheduler.SetEnabled(false);
   window.AutoRunActive = true;
+  const unsigned scans_before = window.ScansBegun;
   cmdScan_Click(window);
-  Sleep(kPauseMs);
-  cmdFix_Click(window);
-  Sleep(kPauseMs);
-  cmdFinish_Click(window);
+  // A scan that was begun on top of it has left its own findings, for whoever began it.
+  if (window.ScansBegun == scans_before + 1) {
+    Sleep(kPauseMs);
+    cmdFix_Click(window);
+    Sleep(kPauseMs);
+    cmdFinish_Click(window);
+  }
   SaveLastRunTime(window, Now());
   window.TmrScheduler.SetEnabled(true);
 }

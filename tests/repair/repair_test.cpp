@@ -136,8 +136,12 @@ TEST(Repair, EndsWhereAScanFillsTheListAnew) {
   }
   Store("Startup", "0");
   on.window.SetInitValues();
-  on.front_end.AtYield(1, [&on] { cmdScan_Click(on.window); });
+  on.front_end.AtYield(1, [&on] {
+    cmdScan_Click(on.window);
+    on.window.lblRepaired.SetCaption("what a younger repair has told");
+  });
   cmdFix_Click(on.window);
+  EXPECT_EQ(on.window.lblRepaired.Caption(), "what a younger repair has told");
   EXPECT_EQ(on.NamesAndReasons(), (std::vector<std::string>{"b|Invalid path", "c|Invalid path"}));
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kRun, "b", "gone"), "C:\\no such folder\\gone.exe");
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kSettingsKey, "OutstandingErrors"), "2");

@@ -210,14 +210,18 @@ TEST(Scheduler, ADueTickEntersARunningScan) {
   bool inner_ended = false;
   on.front_end.When([&] { return on.window.lvInvalidLoc.Count() > 0; },
                     [&] {
+                      on.window.TmrScheduler.SetEnabled(true);  // as a visit to Home does
                       on.window.TmrScheduler.Tick();
-                      inner_ended = on.window.picWelcome.Visible() && !on.window.ScanRunning;
+                      inner_ended = on.window.picWelcome.Visible() && !on.window.ScanRunning &&
+                                    !on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone");
+                      on.pc.SetText(HKEY_CURRENT_USER, kRun, "Gone", "C:\\Windows\\win.ini");
                     });
-  on.window.cmdScan.Click();
-  EXPECT_TRUE(inner_ended) << "the scheduled run came to its end on top of the scan";
+  on.window.TmrScheduler.Tick();
+  EXPECT_TRUE(inner_ended) << "the younger run came to its end on top of the scan";
   EXPECT_TRUE(on.window.picWelcome.Visible()) << "the older scan ended there";
   EXPECT_EQ(Stored("TotalCount"), Stored("LastCount"));
-  EXPECT_FALSE(on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone"));
+  EXPECT_TRUE(on.pc.Value(HKEY_CURRENT_USER, kRun, "Gone")) << "the older run repaired nothing";
+  EXPECT_TRUE(on.window.TmrScheduler.Enabled());
 }
 
 }  // namespace
