@@ -1,5 +1,6 @@
 #include "helpers/ignore_list.h"
 
+#include <algorithm>
 #include <array>
 
 #include "helpers/system_helpers.h"
@@ -36,6 +37,8 @@ constexpr std::array<std::string_view, 21> kBuiltInEntries = {
     // is not searched. On purpose.
     "457F81DE-77B6-446B-B50F-02B92BECD406",
 };
+
+constexpr char kEndOfText = '\x1A';
 
 std::string ListFile(const std::string& program_folder) {
   return program_folder + "\\Ignorelst.ini";
@@ -79,16 +82,21 @@ void AddToSafeList(IgnoreList& list, const std::string& program_folder, std::str
   if (TrimBlanks(entry).empty()) return;
   const std::string file = ListFile(program_folder);
   if (!IsExistingFile(file)) return;
-  // A last line of the user's may have no end.
-  const std::string before = FileSystemObject().ReadAll(file).value_or("");
-  const bool in_line = !before.empty() && before.back() != '\n' && before.back() != '\r';
+  // A last line of the user's may have no end; what stands behind an end of text is never read.
+  std::string whole = FileSystemObject().ReadAll(file).value_or("");
+  const auto end = std::min(whole.find(kEndOfText), whole.size());
+  const bool in_line = end > 0 && whole[end - 1] != '\n' && whole[end - 1] != '\r';
+  const std::string line = (in_line ? "\r\n" : "") + ToSystemCodePage(entry) + "\r\n";
   // A line that can't be written is passed over; the entry still counts until the program ends.
-  FileSystemObject().Append(file, (in_line ? "\r\n" : "") + ToSystemCodePage(entry) + "\r\n");
+  if (end == whole.size()) {
+    FileSystemObject().Append(file, line);
+  } else {
+    FileSystemObject().WriteAll(file, whole.insert(end, line));
+  }
   PutInLastSlot(list, entry);
 }
 
 std::vector<std::string> ReadDelimitedFields(std::string_view text) {
-  constexpr char kEndOfText = '\x1A';
   text = text.substr(0, text.find(kEndOfText));
   std::vector<std::string> fields;
   std::size_t position = 0;

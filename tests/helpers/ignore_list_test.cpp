@@ -67,6 +67,9 @@ TEST(IgnoreList, KeepsWhatAnEditorHasMadeOfItsFile) {
   AddToSafeList(list, pc.program_folder(), "added");
   AddToSafeList(list, pc.program_folder(), "more");
   EXPECT_TRUE(pc.ReadFile(file).ends_with("first\r\nlast\r\nadded\r\nmore\r\n"));
+  pc.MakeFile(file, "first\r\n\x1A never read");
+  AddToSafeList(list, pc.program_folder(), "added");
+  EXPECT_EQ(pc.ReadFile(file), "first\r\nadded\r\n\x1A never read");
 }
 
 TEST(IgnoreList, ReadsDelimitedFieldsOfAnyBytes) {
