@@ -47,7 +47,8 @@ void ShowHelp(frmMain& window) {
 }
 
 frmMessBox& MessBox(frmMain& window) {
-  if (window.mess_box) return *window.mess_box;
+  // A question starts with the focus on its safe answer, whatever the box before it was left with.
+  if (window.mess_box) Close(window, window.mess_box);
   window.mess_box = std::make_unique<frmMessBox>(window.application.folder);
   frmMessBox& box = *window.mess_box;
   box.form.Load.Bind([&box] { box.form.SetTopmost(true); });

@@ -23,7 +23,8 @@ UINT IconFlag(MessageIcon icon) {
 
 bool ShowMessageBox(HWND owner, std::string_view text, std::string_view title, MessageIcon icon,
                     bool yes_no) {
-  const UINT buttons = yes_no ? MB_YESNO : MB_OK;
+  // A question is not answered with yes by an Enter too many; the platform gives it no way out.
+  const UINT buttons = yes_no ? MB_YESNO | MB_DEFBUTTON2 : MB_OK;
   const int answer = MessageBoxA(owner, std::string(text).c_str(), std::string(title).c_str(),
                                  buttons | IconFlag(icon));
   return answer == IDYES || answer == IDOK;

@@ -48,6 +48,12 @@ class ModalBoxes : public testing::Test {
   static inline std::function<void()> act_;
 };
 
+TEST_F(ModalBoxes, AQuestionIsNotAnsweredWithYesByAnEnterTooMany) {
+  WhenOpen(
+      [] { SendMessageA(Box(), WM_COMMAND, SendMessageA(Box(), DM_GETDEFID, 0, 0) & 0xFFFF, 0); });
+  EXPECT_FALSE(ShowMessageBox(owner_, "Go?", kTitle, MessageIcon::kNone, true));
+}
+
 TEST_F(ModalBoxes, InputBoxGivesWhatWasTyped) {
   WhenOpen([] { PostMessageA(Box(), WM_COMMAND, IDOK, 0); });
   EXPECT_EQ(Ask(), "*.tmp \xC3\xBC");

@@ -115,12 +115,12 @@ void ScreenFrontEnd::CopyText(std::string_view text) {
   notice_ = "copied, where the terminal lets programs do that";
 }
 
-// The safe answer comes first and has the focus.
+// The safe answer comes first and has the focus; a question has to be answered.
 bool ScreenFrontEnd::AskYesNo(std::string_view text, std::string_view title) {
   Question question(title, text);
   CommandButton& no = question.AddButton("&No");
   no.SetDefault(true);
-  no.SetCancel(true);
+  question.form.SetQuestion(true);
   const CommandButton& yes = question.AddButton("&Yes");
   RunModally(question.form, question.answered);
   return question.answer == &yes;
