@@ -166,6 +166,9 @@ a_resize_in_mid_scan_a_stop_and_a_crash() {
   see 'Problems Found : '
   see_no 'Problems Found : 111'
   see '/: find' # the focus has come to the new page
+  keys F1
+  see 'goes to the …' # what is cut says so, and how to read on
+  see 'Down: more'
   kill -SEGV "$(pgrep -f "^$program $work/large")"
   see 'Segmentation fault'
   text 'stty -a | tr ";" "\n"'

@@ -119,12 +119,12 @@ void Painter::PaintLabel(const Label& label, const PlacedControl& placed, bool f
   const Area& area = placed.area;
   Style style = label.Font().bold ? Style::kStrong : Style::kPlain;
   if (focused) style = Style::kFocus;
-  int row = area.row - placed.first_line;
-  for (const std::string& line : LabelLines(label, area.width)) {
-    if (row >= area.row && row < area.row + area.height) {
-      screen_.Put(row, area.column, line, style);
-    }
-    ++row;
+  const std::vector<std::string> lines = LabelLines(label, area.width);
+  const int end = std::min(placed.first_line + area.height, static_cast<int>(lines.size()));
+  for (int line = placed.first_line; line < end; ++line) {
+    std::string text = lines[static_cast<std::size_t>(line)];
+    if (line + 1 == end && lines.size() > static_cast<std::size_t>(end)) text += " …";
+    screen_.Put(area.row + line - placed.first_line, area.column, Fit(text, area.width), style);
   }
 }
 
