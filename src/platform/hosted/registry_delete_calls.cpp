@@ -52,10 +52,10 @@ LONG DeleteTree(RegistryStore& store, const RegistryView& view) {
   return DeleteEmptyKey(store, *view.target());
 }
 
-// A tree that can't go as a whole is left whole.
+// A tree that the hive can't lose as a whole is left whole; that is no want of rights.
 LONG DeleteTreeIfLost(RegistryStore& store, const RegistryView& view) {
   for (const RegistryKey* half : {view.top, view.under}) {
-    if (half != nullptr && !CanLose(*half)) return ERROR_ACCESS_DENIED;
+    if (half != nullptr && !CanLose(*half)) return ERROR_NOT_SUPPORTED;
   }
   return DeleteTree(store, view);
 }
@@ -67,12 +67,12 @@ LONG DeleteKeyAt(HKEY key, std::string_view path, PathLimit limit) {
   if (status != ERROR_SUCCESS) return status;
   const RegistryView view = store.Open(from.view, path);
   if (!view.exists()) return ERROR_FILE_NOT_FOUND;
-  return CanLose(*view.target()) ? DeleteEmptyKey(store, *view.target()) : ERROR_ACCESS_DENIED;
+  return CanLose(*view.target()) ? DeleteEmptyKey(store, *view.target()) : ERROR_NOT_SUPPORTED;
 }
 
 LONG DeleteContents(RegistryStore& store, const RegistryView& view) {
   RegistryKey* key = view.target();
-  if (key != nullptr && key->value_count() > 0 && !CanLoseValues(*key)) return ERROR_ACCESS_DENIED;
+  if (key != nullptr && key->value_count() > 0 && !CanLoseValues(*key)) return ERROR_NOT_SUPPORTED;
   DeleteSubKeys(store, view, DeleteTreeIfLost);
   if (key == nullptr) return ERROR_SUCCESS;
   if ((store.Denied(*key) & KEY_SET_VALUE) != 0) return ERROR_ACCESS_DENIED;

@@ -55,7 +55,7 @@ LONG DeleteValueOf(HKEY key, std::string_view name) {
   if (status != ERROR_SUCCESS) return status;
   for (RegistryKey* half : {open.view.top, open.view.under}) {
     if (half == nullptr || half->FindValue(name) == nullptr) continue;
-    return store.DeleteValue(*half, name) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+    return store.DeleteValue(*half, name) ? ERROR_SUCCESS : ERROR_NOT_SUPPORTED;
   }
   return ERROR_FILE_NOT_FOUND;
 }
