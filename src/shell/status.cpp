@@ -6,6 +6,7 @@
 #include "platform/locale_texts.h"
 #include "registry/stored_settings.h"
 #include "scan/locations.h"
+#include "shell/home_page.h"
 #include "window/panels.h"
 
 namespace tidemark {
@@ -31,6 +32,7 @@ void SetInitValues(frmMain& window) {
   window.lblTotaltodate.SetCaption(Setting("TotalCount", "0"));
   window.lblLastscan.SetCaption(Setting("LastCount", "0"));
   ShowHealth(window);
+  NameHealth(window);
   TakeNumber(window.ShowinSystray, Setting("ShowinSystray", "0"));
   TakeNumber(window.chkSelectAll, Setting("SelectAllLoc", "0"));
   window.LoadOptions();

@@ -9,6 +9,7 @@
 #include "scan/results_page.h"
 #include "scan/saved_list.h"
 #include "scan/scan.h"
+#include "shell/home_page.h"
 #include "shell/main_window.h"
 #include "shell/open_dialogs.h"
 #include "shell/options.h"
@@ -40,7 +41,13 @@ void BindForm(frmMain& window) {
 }
 
 void BindPages(frmMain& window) {
-  window.cmdMenuHome.Clicked.Bind([&window] { cmdMenuHome_Click(window); });
+  window.cmdMenuHome.Clicked.Bind([&window] {
+    cmdMenuHome_Click(window);
+    ShowScanState(window);
+  });
+  window.TmrScanState.Tick.Bind([&window] { ShowScanState(window); });
+  window.lblScanState.Clicked.Bind([&window] { window.cmdMenuScan.Click(); });
+  window.lblLastscan.Clicked.Bind([&window] { lblLastscan_Click(window); });
   window.cmdMenuScan.Clicked.Bind([&window] {
     cmdMenuScan_Click(window);
     ShowRunningWork(window);

@@ -12,6 +12,9 @@ namespace {
 constexpr Font kHeading{.tenths_of_points = 97, .bold = true};
 constexpr Font kFigure{.tenths_of_points = 180, .bold = true};
 
+// The system's colour of links, by its number.
+constexpr unsigned kLinkColor = 0x8000001A;
+
 // The columns of some lists are measured in hundredths of a millimetre.
 constexpr int Twips(int hundredths_of_millimetre) {
   return (hundredths_of_millimetre * 1440 + 1270) / 2540;
@@ -72,10 +75,16 @@ void DesignMenus(frmMain& window) {
 void DesignHome(frmMain& window) {
   window.lblLastscanCaption.SetCaption("Errors Found on Last Scan");
   window.lblTotaltodateCaption.SetCaption("Total to date");
-  for (Label* caption : {&window.lblLastscanCaption, &window.lblTotaltodateCaption}) {
+  window.lblLastDateCaption.SetCaption("Last Scan");
+  for (Label* caption :
+       {&window.lblLastscanCaption, &window.lblTotaltodateCaption, &window.lblLastDateCaption}) {
     caption->SetFont(kHeading);
   }
   for (Label* figure : {&window.lblLastscan, &window.lblTotaltodate}) figure->SetFont(kFigure);
+  window.lblScanState.SetForeColor(kLinkColor);
+  window.lblScanState.SetVisible(false);
+  window.TmrScanState.SetInterval(500);
+  window.TmrScanState.SetEnabled(false);
   window.cmdScanNow.SetCaption("Scan &Now");
   window.cmdScanNow.SetDefault(true);
   window.cmdCleanJunk.SetCaption("Clean &Junk Files");

@@ -80,7 +80,10 @@ struct frmMain {
   Label lblLastscan{&picWelcome, "lblLastscan"};
   Label lblTotaltodateCaption{&picWelcome, "lblTotaltodateCaption"};
   Label lblTotaltodate{&picWelcome, "lblTotaltodate"};
+  Label lblLastDateCaption{&picWelcome, "lblLastDateCaption"};
   Label lblLastDate{&picWelcome, "lblLastDate"};
+  Label lblScanState{&picWelcome, "lblScanState"};  // of a scan that is running
+  Timer TmrScanState{&picWelcome, "TmrScanState"};
   Label lblRepaired{&picWelcome, "lblRepaired"};  // of the last repair since the start
   CommandButton cmdScanNow{&picWelcome, "cmdScanNow"};
   CommandButton cmdTellaFriend{&picWelcome, "cmdTellaFriend"};

@@ -46,6 +46,33 @@ TEST(Shell, AFirstStartKnowsNothingAndScans) {
   EXPECT_TRUE(on.window.picClear.Visible());
 }
 
+TEST(Shell, HomeTellsOfARunningScanAndLeadsToItsResults) {
+  ShellPc on;
+  frmMain& window = on.window;
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "a", on.pc.folder() + "\\gone.exe");
+  SetInitValues(window);
+  std::string told;
+  on.front_end.When([&] { return window.ScanRunning && window.CurrentLocation == "FONT"; },
+                    [&] {
+                      window.cmdMenuHome.Click();
+                      told = window.lblScanState.Caption().String();
+                      window.lblScanState.Click();
+                      EXPECT_TRUE(window.picScan.Visible() && !window.picWelcome.Visible());
+                    });
+  window.cmdScanNow.Click();
+  EXPECT_TRUE(told.starts_with("A scan is running : Font References, ")) << told;
+  window.cmdMenuHome.Click();
+  EXPECT_FALSE(window.lblScanState.Visible() || window.TmrScanState.Enabled());
+  EXPECT_EQ(window.IMGRegistryStatus.AccessibleName(),
+            "Registry health: Unknown, no scan has ended")
+      << "few problems leave the picture";
+  window.lblLastscan.Click();
+  EXPECT_TRUE(window.picClear.Visible() && !window.picWelcome.Visible());
+  window.cmdFix.Click();
+  window.lblLastscan.Click();
+  EXPECT_TRUE(window.picWelcome.Visible()) << "what was found is repaired";
+}
+
 TEST(Shell, ASecondInstanceEndsWithNoWindow) {
   ShellPc on;
   on.window.application.previous_instance = true;

@@ -92,10 +92,7 @@ std::string ImageText(const ImageBox& image) {
   if (const auto* film = dynamic_cast<const Animation*>(&image)) {
     return film->Playing() ? picture : std::string();
   }
-  const std::string name = NameOf(image);
-  // "Registry health: Low": what stands before the dash says what the picture is of.
-  if (picture.empty() || name.empty()) return {};
-  return name + ": " + picture.substr(picture.find('-') + 1);
+  return picture.empty() ? std::string() : NameOf(image);
 }
 
 bool IsHeadingOfList(const Label& label) {

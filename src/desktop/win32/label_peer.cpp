@@ -89,6 +89,10 @@ void LabelPeer::PaintHeadings(HDC context, RECT area) const {
   }
 }
 
-long LabelPeer::Role() const { return Clickable() ? ROLE_SYSTEM_PAGETAB : 0; }
+// A tab's label has no caption of its own, a link has.
+long LabelPeer::Role() const {
+  if (!Clickable()) return 0;
+  return label_.Caption().empty() ? ROLE_SYSTEM_PAGETAB : ROLE_SYSTEM_LINK;
+}
 
 }  // namespace tidemark

@@ -1,0 +1,43 @@
+#include "shell/home_page.h"
+
+#include <string>
+#include <string_view>
+
+#include "helpers/diagnostic_tests.h"
+#include "window/panels.h"
+
+namespace tidemark {
+
+void ShowScanState(frmMain& window) {
+  // The repair's stop button is there as long as the repair runs.
+  const bool repairs = window.cmdStopFix.Visible();
+  const bool works = window.ScanRunning || repairs;
+  window.lblScanState.SetVisible(works);
+  window.TmrScanState.SetEnabled(works);
+  if (!works) return;
+  std::string text = repairs ? "A repair is running" : "A scan is running";
+  const DiagnosticTest* test = FindDiagnosticTest(window.CurrentLocation);
+  if (!repairs && test != nullptr) text.append(" : ").append(test->name);
+  const int percent = repairs ? window.ProgressBar2.Percent() : window.pbarScan.Percent();
+  window.lblScanState.SetCaption(text + ", " + std::to_string(percent) +
+                                 " %. Click here to see it.");
+}
+
+void lblLastscan_Click(frmMain& window) {
+  if (window.ScanRunning || window.cmdStopFix.Visible()) return window.cmdMenuScan.Click();
+  if (window.lvFound.Count() == 0 || window.lvInvalidLoc.Count() == 0) return;
+  HideAllFrames(window);
+  HighLightButtons(window);
+  LoadProgramPicture(window, window.cmdMenuScan, "\\images\\RegistryScan2.jpg");
+  window.picClear.SetVisible(true);
+}
+
+void NameHealth(frmMain& window) {
+  const std::string_view picture = window.IMGRegistryStatus.PictureFile();
+  std::string_view state = "Unknown, no scan has ended";
+  if (picture.ends_with("RegHealth-Low.jpg")) state = "Low, many problems are open";
+  if (picture.ends_with("RegHealth-Healthy.jpg")) state = "Healthy, no problem is open";
+  window.IMGRegistryStatus.SetAccessibleName(std::string("Registry health: ").append(state));
+}
+
+}  // namespace tidemark
