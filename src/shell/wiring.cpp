@@ -20,6 +20,7 @@
 #include "shell/tray.h"
 #include "shortcuts/shortcuts.h"
 #include "startup/startup.h"
+#include "startup/startup_page.h"
 #include "startup/startup_records.h"
 
 namespace tidemark {
@@ -123,6 +124,9 @@ void BindStartup(frmMain& window) {
     }
   });
   window.lvPrograms.MouseUp.Bind([&window] { lvPrograms_MouseUp(window); });
+  window.lvPrograms.Clicked.Bind([&window] { ShowSelectedProgram(window); });
+  window.cmdWriteBack.Clicked.Bind([&window] { window.mnuAddNew.Clicked(); });
+  window.cmdDeleteEntry.Clicked.Bind([&window] { window.mnuDeleteProgram.Clicked(); });
   window.lvPrograms.ContextMenu.Bind([&window] { lvPrograms_ContextMenu(window); });
   window.mnuAddNew.Clicked.Bind([&window] {
     if (CanChange(window)) mnuAddNew_Click(window);

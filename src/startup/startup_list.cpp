@@ -8,6 +8,7 @@
 #include "registry/ini_access.h"
 #include "registry/mdlRegistry.h"
 #include "startup/startup.h"
+#include "startup/startup_page.h"
 #include "startup/startup_records.h"
 #include "startup/startup_sources.h"
 
@@ -94,6 +95,7 @@ void loadPrograms(frmMain& window) {
     if (list.Item(index)->SubItem(kEnabled) == kEnabledText) list.Item(index)->SetChecked(true);
   }
   ShowStartupBackground(window);
+  MarkPrograms(window);
 }
 
 void AddtoRunList(frmMain& window, const std::string& name, const std::string& command,

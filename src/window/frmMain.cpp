@@ -222,7 +222,15 @@ void DesignTabs(frmMain& window) {
   window.lvPrograms.headings = false;
   window.lvPrograms.columns = {{"Name", Twips(3704), {}},   {"Command Line", Twips(8643), {}},
                                {"Exists", Twips(1058), {}}, {"Section", 0, {}},
-                               {"Status", 0, {}},           {"type", 0, {}}};
+                               {"Status", 0, {}},           {"type", 0, {}},
+                               {"Starts From", 2150, {}}};
+  // The blanks say that it stands for a heading, as the ones above do.
+  window.lblSource.SetCaption("Starts From:" + std::string(4, ' '));
+  window.lvPrograms.small_icons = {"\\images\\severity2.ico", "\\images\\tidemark.ico"};
+  window.cmdWriteBack.SetCaption("&Write Entry Back");
+  window.cmdDeleteEntry.SetCaption("&Delete Entry...");
+  window.cmdWriteBack.SetEnabled(false);
+  window.cmdDeleteEntry.SetEnabled(false);
   window.lvPrograms.check_boxes = true;
   NameControls({{window.LvBackup, "Registry backups and undo files"},
                 {window.lvPrograms, "Programs that start with Windows"}});

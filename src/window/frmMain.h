@@ -150,7 +150,11 @@ struct frmMain {
 
   // Tab 2: the programs that start with Windows.
   Label Label3{&picAdvOptions(2), "Label3"};
+  Label lblSource{&picAdvOptions(2), "lblSource"};
   ListView lvPrograms{&picAdvOptions(2), "lvPrograms"};
+  Label lblProgramNote{&picAdvOptions(2), "lblProgramNote"};  // on the selected entry
+  CommandButton cmdWriteBack{&picAdvOptions(2), "cmdWriteBack"};
+  CommandButton cmdDeleteEntry{&picAdvOptions(2), "cmdDeleteEntry"};
 
   // Junk files: what to look for and where.
   PictureBox picJunkCriteria{&form, "picJunkCriteria"};

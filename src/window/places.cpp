@@ -115,7 +115,12 @@ void PlaceTabs(frmMain& window) {
          {window.cmdBakupReg, {225, 4425, 2175, 390}},
          {window.cmdRestore, {6945, 4425, 1575, 390}},
          {window.cmdRemove, {8715, 4425, 1575, 390}}});
-  Place({{window.Label3, {225, 150, 10065, 270}}, {window.lvPrograms, {225, 450, 10065, 4365}}});
+  Place({{window.Label3, {225, 150, 7650, 270}},
+         {window.lblSource, {7935, 150, 2355, 270}},
+         {window.lvPrograms, {225, 450, 10065, 3885}},
+         {window.lblProgramNote, {225, 4485, 6135, 270}},
+         {window.cmdWriteBack, {6480, 4425, 1995, 390}},
+         {window.cmdDeleteEntry, {8595, 4425, 1695, 390}}});
 }
 
 // The result panel lies over the page, below its title.

@@ -84,6 +84,30 @@ TEST(Startup, ListsEverySourceInOrderAndTheDisabledOnesBehindEach) {
   EXPECT_EQ(on.window.lvPrograms.ToolTipText(), "C:\\Apps\\tool.exe /x");
 }
 
+TEST(Startup, ThePageMarksWhatIsBrokenAndItsOwnEntryAndOffersWhatCanBeDone) {
+  StartupPc on;
+  const std::string own = on.pc.program_folder() + "\\tidemark.exe";
+  on.pc.MakeFile(own);
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "gone", "C:\\gone.exe");
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "own", own + " /m");
+  on.pc.SetDword(HKEY_CURRENT_USER, kRun, "number", 1);
+  loadPrograms(on.window);
+  const auto seen = [&](const char* name) {
+    on.window.lvPrograms.UserSelect(on.Row(name));
+    return std::to_string(on.Row(name).SmallIcon()) +
+           (on.window.cmdWriteBack.Enabled() ? " write " : " ") +
+           on.window.lblProgramNote.Caption().String().substr(0, 12);
+  };
+  EXPECT_FALSE(on.window.cmdDeleteEntry.Enabled());
+  EXPECT_EQ(seen("gone"), "1 write What this en");
+  EXPECT_EQ(seen("own"), "2 write Tidemark's o");
+  EXPECT_EQ(seen("number"), "0 ");
+  EXPECT_EQ(on.Row("own").SubItem(6), "Registry\\Current User\\Run");
+  EXPECT_TRUE(on.window.cmdDeleteEntry.Enabled());
+  on.window.cmdDeleteEntry.Click();
+  EXPECT_EQ(on.front_end.messages().size(), 1U) << "it asks first";
+}
+
 TEST(Startup, ARegistryEntryGoesToItsTwinAndComesBackUnchanged) {
   const TestValue values[] = {{REG_SZ, std::string("C:\\App \xC3\xA4.exe -x\0", 18)},
                               {REG_EXPAND_SZ, std::string("%SystemRoot%\\a.exe\0", 19)},

@@ -22,7 +22,7 @@ constexpr std::array kWordStyles = {
     WordStyle{"Elevated", Style::kWarning}, WordStyle{"Guarded", Style::kNotice},
     WordStyle{"Low", Style::kGood},         WordStyle{"Pending", Style::kFaint},
     WordStyle{"Analyzing", Style::kStrong}, WordStyle{"Finished", Style::kGood},
-    WordStyle{"Aborted", Style::kBad}};
+    WordStyle{"Aborted", Style::kBad},      WordStyle{"No", Style::kBad}};
 
 // A list whose rows carry an icon shows the program's own words, not those of a PC.
 Style CellStyle(const Rows& list, int row, int column) {
