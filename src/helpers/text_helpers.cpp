@@ -117,4 +117,20 @@ std::string WholeNumberText(double number) {
   return std::to_string(RoundToLong(number).value_or(0));
 }
 
+std::string SizeText(std::uint64_t bytes) {
+  constexpr std::uint64_t kStep = 1024;
+  constexpr std::uint64_t kTenths = 10;
+  if (bytes < kStep) return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes");
+  std::uint64_t unit = kStep;
+  const char* name = " KB";
+  for (const char* larger : {" MB", " GB"}) {
+    if (bytes / unit < kStep) break;
+    unit *= kStep;
+    name = larger;
+  }
+  const std::uint64_t whole = bytes / unit;
+  if (whole >= kTenths || unit == kStep) return std::to_string(whole) + name;
+  return std::to_string(whole) + "." + std::to_string(bytes % unit * kTenths / unit) + name;
+}
+
 }  // namespace tidemark

@@ -40,6 +40,9 @@ std::optional<double> NumberOf(std::string_view text);
 // range.
 std::optional<std::int32_t> RoundToLong(double number);
 
+// A size for a person: "812 bytes", "12 KB", "3.4 MB".
+std::string SizeText(std::uint64_t bytes);
+
 // Decimal text of a leading number rounded to 32 bits; out of range it is "0".
 std::string WholeNumberText(double number);
 

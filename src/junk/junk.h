@@ -50,6 +50,9 @@ void cmdJunkStop_Click(frmMain& window);
 void lvJunkFiles_ColumnClick(frmMain& window, int column);
 void lvJunkFiles_DblClick(frmMain& window);
 // Rows of one path are one file: the others are ticked or cleared with this one.
+// Shows beside the status how many files are ticked, and how large they are; a file that two rows
+// name counts once.
+void ShowTickedFiles(frmMain& window);
 void lvJunkFiles_ItemCheck(frmMain& window, const ListItem& row);
 // The same for rows that came into the list ticked after their twin had been cleared.
 void ClearTwinsOfClearedRows(frmMain& window);

@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "helpers/system_helpers.h"
+#include "helpers/text_helpers.h"
 #include "junk/junk.h"
 #include "platform/file_system_object.h"
 #include "platform/locale_texts.h"
@@ -86,6 +87,18 @@ void lvJunkFiles_ItemCheck(frmMain& window, const ListItem& row) {
   for (auto other = first; other != last; ++other) {
     if (other->second->Caption() == row.Caption()) other->second->SetChecked(row.Checked());
   }
+}
+
+void ShowTickedFiles(frmMain& window) {
+  std::unordered_set<std::string_view> files;
+  std::uint64_t bytes = 0;
+  for (int index = 1; index <= window.lvJunkFiles.Count(); ++index) {
+    const ListItem& row = *window.lvJunkFiles.Item(index);
+    if (!row.Checked() || !files.insert(row.Caption().View()).second) continue;
+    bytes += static_cast<std::uint64_t>(LeadingNumber(row.SubItem(kSize).View()));
+  }
+  window.lblJunkTicked.SetCaption("Ticked : " + std::to_string(files.size()) + ", " +
+                                  SizeText(bytes));
 }
 
 void ClearTwinsOfClearedRows(frmMain& window) {

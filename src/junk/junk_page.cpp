@@ -6,6 +6,8 @@ namespace tidemark {
 
 void cmdCleanJunk_Click(frmMain& window) {
   HighLightButtons(window);
+  // It is entered from Home and has no page button of its own.
+  LoadProgramPicture(window, window.cmdMenuHome, "\\images\\overview2.jpg");
   HideAllFrames(window);
   window.picJunkCriteria.SetVisible(true);
   window.picJunkCriteria.BringToFront();
@@ -16,7 +18,9 @@ void cmdCleanJunk_Click(frmMain& window) {
 
 void cmdJunkScan_Click(frmMain& window) {
   SaveDrives(window, window.tvDrives);
+  window.lblJunkTicked.SetCaption("");
   ScanJunkFiles(window);
+  ShowTickedFiles(window);
 }
 
 }  // namespace tidemark

@@ -185,13 +185,18 @@ void BindJunk(frmMain& window) {
   }
   window.cmdJunkScan.Clicked.Bind([&window] { cmdJunkScan_Click(window); });
   window.cmdJunkStop.Clicked.Bind([&window] { cmdJunkStop_Click(window); });
-  window.lvJunkFiles.ItemChecked.Bind(
-      [&window](const ListItem& row) { lvJunkFiles_ItemCheck(window, row); });
+  window.lvJunkFiles.ItemChecked.Bind([&window](const ListItem& row) {
+    lvJunkFiles_ItemCheck(window, row);
+    ShowTickedFiles(window);
+  });
   window.lvJunkFiles.ColumnClicked.Bind(
       [&window](int column) { lvJunkFiles_ColumnClick(window, column); });
   window.lvJunkFiles.DoubleClicked.Bind([&window] { lvJunkFiles_DblClick(window); });
   for (int index = 0; index < window.cmdJunkFile.Count(); ++index) {
-    window.cmdJunkFile(index).Clicked.Bind([&window, index] { cmdJunkFile_Click(window, index); });
+    window.cmdJunkFile(index).Clicked.Bind([&window, index] {
+      cmdJunkFile_Click(window, index);
+      ShowTickedFiles(window);
+    });
   }
 }
 

@@ -1,12 +1,35 @@
 #include "toolkit/list_view.h"
 
 #include <algorithm>
+#include <charconv>
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "platform/letter_case.h"
+#include "platform/locale_texts.h"
 
 namespace tidemark {
+namespace {
+
+// A number for the order of numbers or dates; 0 for a text that is none.
+std::uint64_t Rank(const Text& text, SortAs as) {
+  if (as == SortAs::kNumber) {
+    std::uint64_t number = 0;
+    const std::string_view digits = text.View();
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return number + (digits.empty() ? 0 : 1);
+  }
+  const std::optional<SYSTEMTIME> date = ParseDate(text.String());
+  if (!date) return 0;
+  std::uint64_t rank = date->wYear;
+  for (const WORD part : {date->wMonth, date->wDay, date->wHour, date->wMinute, date->wSecond}) {
+    rank = rank * 100 + part;
+  }
+  return rank;
+}
+
+}  // namespace
 
 const Text& ListItem::SubItem(int index) const {
   static const Text kEmpty;
@@ -116,13 +139,38 @@ void ListView::GrowIndex() {
   }
 }
 
+SortAs ListView::SortsAs() const {
+  const auto column = static_cast<std::size_t>(sort_key_);
+  return column < columns.size() ? columns[column].sort_as : SortAs::kText;
+}
+
 bool ListView::Before(const ListItem& left, const ListItem& right) const {
   const auto column = static_cast<std::size_t>(std::clamp(sort_key_, 0, ListItem::kMaxSubItems));
+  if (const SortAs as = SortsAs(); as != SortAs::kText) {
+    const std::uint64_t first = Rank(left.texts_[column], as);
+    const std::uint64_t second = Rank(right.texts_[column], as);
+    return sort_order_ == SortOrder::kAscending ? first < second : first > second;
+  }
   const int order = CompareIgnoringCase(left.texts_[column].View(), right.texts_[column].View());
   return sort_order_ == SortOrder::kAscending ? order < 0 : order > 0;
 }
 
 void ListView::SortRows() {
+  if (const SortAs as = SortsAs(); as != SortAs::kText) {
+    // A text is read once, not at each comparison.
+    std::vector<std::pair<std::uint64_t, ListItem*>> ranked;
+    for (ListItem* row : order_) {
+      ranked.emplace_back(Rank(row->texts_[static_cast<std::size_t>(sort_key_)], as), row);
+    }
+    const bool ascending = sort_order_ == SortOrder::kAscending;
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [ascending](const auto& left, const auto& right) {
+                       return ascending ? left.first < right.first : left.first > right.first;
+                     });
+    std::transform(ranked.begin(), ranked.end(), order_.begin(),
+                   [](const auto& row) { return row.second; });
+    return;
+  }
   std::stable_sort(
       order_.begin(), order_.end(),
       [this](const ListItem* left, const ListItem* right) { return Before(*left, *right); });

@@ -17,10 +17,14 @@
 
 namespace tidemark {
 
+// What a column's texts are compared as.
+enum class SortAs { kText, kNumber, kDate };
+
 struct ColumnHeader {
   Text text;
   int width_twips = 0;
   Text tag;
+  SortAs sort_as = SortAs::kText;
 };
 
 class ListItem {
@@ -112,8 +116,9 @@ class ListView : public Control {
   ListItem* VisibleItem() const { return ensure_visible_; }
   void EnsureVisible(ListItem* item) { ensure_visible_ = item; }
 
-  // Sorting compares the texts of column sort_key (0 is the first), letter case ignored; rows with
-  // equal texts keep their order. Switching it on sorts at once; SortBy sorts again when it is on.
+  // Sorting compares the texts of column sort_key (0 is the first), letter case ignored, or what
+  // the column says that they are, where a text that is none comes first; rows with equal texts
+  // keep their order. Switching it on sorts at once; SortBy sorts again when it is on.
   int SortKey() const { return sort_key_; }
   SortOrder Order() const { return sort_order_; }
   bool Sorted() const { return sorted_; }
@@ -152,6 +157,7 @@ class ListView : public Control {
   std::size_t FindSlot(std::string_view key, std::uint32_t hash) const;
   void GrowIndex();
   bool Before(const ListItem& left, const ListItem& right) const;
+  SortAs SortsAs() const;
   void SortRows();
   void Insert(ListItem* row);
 

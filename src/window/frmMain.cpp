@@ -285,10 +285,12 @@ void DesignJunkCriteria(frmMain& window) {
 }
 
 void DesignJunkResults(frmMain& window) {
-  window.lvJunkFiles.columns = {
-      {"Name", Twips(8819), {}},          {"Size(Bytes)", Twips(1764), {}},
-      {"Type", Twips(1764), {}},          {"Date Created", Twips(1764), {}},
-      {"Date Modyfied", Twips(2540), {}}, {"Attributes", Twips(2540), {}}};
+  window.lvJunkFiles.columns = {{"Name", Twips(8819), {}},
+                                {"Size(Bytes)", Twips(1764), {}, SortAs::kNumber},
+                                {"Type", Twips(1764), {}},
+                                {"Date Created", Twips(1764), {}, SortAs::kDate},
+                                {"Date Modyfied", Twips(2540), {}, SortAs::kDate},
+                                {"Attributes", Twips(2540), {}}};
   window.lvJunkFiles.check_boxes = true;
   window.PbarRemoveJunk.SetVisible(false);
   constexpr std::array kActions = {"Tick &all files",      "&Clear all ticks",  "&Invert the ticks",

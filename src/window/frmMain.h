@@ -173,6 +173,7 @@ struct frmMain {
   // Junk files: what was found, and the panel of a running scan.
   PictureBox picJunkScan{&form, "picJunkScan"};
   Label lblJunkStatus{&picJunkScan, "lblJunkStatus"};
+  Label lblJunkTicked{&picJunkScan, "lblJunkTicked"};  // how many are ticked, and their size
   ListView lvJunkFiles{&picJunkScan, "lvJunkFiles"};
   ProgressBar PbarRemoveJunk{&picJunkScan, "PbarRemoveJunk"};
   // 0 tick all, 1 clear all, 2 invert, 3 remove the ticked ones, 4 remove all, 5 leave the page

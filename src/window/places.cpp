@@ -53,7 +53,7 @@ void PlaceHome(frmMain& window) {
 
 void PlaceScan(frmMain& window) {
   // All twelve tests are in view.
-  constexpr Bounds kScanList = {225, 645, 10065, 3525};
+  constexpr Bounds kScanList = {225, 645, 10065, 3480};
   Place({{window.lblscanmsg(1), {225, 105, 9450, 240}},
          {window.lblscanmsg(2), {225, 360, 9450, 255}},
          {window.lblscanmsg(3), {225, 360, 9450, 255}},
@@ -127,11 +127,11 @@ void PlaceTabs(frmMain& window) {
 void PlaceJunk(frmMain& window) {
   Place({{window.lblJunkTitle, {225, 120, 10065, 300}},
          {window.lblDrives, {225, 555, 2700, 270}},
-         {window.tvDrives, {225, 840, 2700, 3855}},
+         {window.tvDrives, {225, 840, 2700, 3885}},
          {window.lblFileTypes, {3150, 555, 7140, 270}},
-         {window.lvFileTypes, {3150, 840, 5775, 1785}},
+         {window.lvFileTypes, {3150, 840, 5775, 1695}},
          {window.lblExcludeFolders, {3150, 2745, 7140, 270}},
-         {window.lvExcludeFolders, {3150, 3030, 5775, 1665}},
+         {window.lvExcludeFolders, {3150, 3030, 5775, 1695}},
          {window.cmdJunkScan, {8715, 4905, 1575, 390}}});
   for (int index = 0; index < window.cmdFileTypes.Count(); ++index) {
     window.cmdFileTypes(index).SetPlace({9075, 840 + index * 465, 1215, 390});
@@ -139,8 +139,9 @@ void PlaceJunk(frmMain& window) {
   for (int index = 0; index < window.cmdExcludeFolders.Count(); ++index) {
     window.cmdExcludeFolders(index).SetPlace({9075, 3030 + index * 465, 1215, 390});
   }
-  Place({{window.lblJunkStatus, {225, 75, 10050, 270}},
-         {window.lvJunkFiles, {225, 390, 10050, 3510}},
+  Place({{window.lblJunkStatus, {225, 75, 6450, 270}},
+         {window.lblJunkTicked, {6900, 75, 3375, 270}},
+         {window.lvJunkFiles, {225, 390, 10050, 3480}},
          {window.PbarRemoveJunk, {225, 3960, 10050, 180}},
          {window.picScaningJunk, {2700, 1350, 5100, 1800}},
          {window.lblScaningJunk, {1050, 375, 3750, 300}},

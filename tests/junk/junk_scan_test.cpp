@@ -52,6 +52,20 @@ class JunkPc : public WindowPc {
   std::string root;
 };
 
+TEST(JunkScan, TellsHowManyFilesAreTickedAndTheirSize) {
+  WindowPc on;
+  for (const auto& [path, size] :
+       {std::pair{"C:\\a", "3000"}, {"C:\\b", "1500000"}, {"C:\\a", "3000"}}) {
+    ListItem* row = on.window.lvJunkFiles.Add({}, path);
+    row->SetSubItem(1, size);
+    row->SetChecked(true);
+  }
+  on.window.lvJunkFiles.UserCheck(*on.window.lvJunkFiles.Item(2), false);
+  EXPECT_EQ(on.window.lblJunkTicked.Caption(), "Ticked : 1, 2 KB") << "one file in two rows";
+  on.window.cmdJunkFile(0).Click();
+  EXPECT_EQ(on.window.lblJunkTicked.Caption(), "Ticked : 2, 1.4 MB");
+}
+
 TEST(JunkScan, AFileHasARowForEachPatternThatItMatches) {
   JunkPc on;
   for (const char* name : {"~y.tmp", "deep\\er\\e.bak", "keep\\below\\a.tmp"}) {

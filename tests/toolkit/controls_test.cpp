@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "tests/support/test_pc.h"
 #include "toolkit/control_group.h"
 #include "toolkit/list_view.h"
 #include "toolkit/option_button.h"
@@ -57,6 +58,30 @@ TEST(ListView, SortsStablyInBothDirectionsAndKeepsSortingNewRows) {
   EXPECT_EQ(Order(list), "AabBc");
   list.SortBy(0, SortOrder::kDescending);
   EXPECT_EQ(Order(list), "cbBAa");
+}
+
+TEST(ListView, SortsNumbersAndDatesAsWhatTheyAre) {
+  const TestPc pc;  // whose locale writes the dates
+  ListView list(nullptr, "list");
+  list.columns = {
+      {"Name", 1, {}}, {"Size", 1, {}, SortAs::kNumber}, {"Date", 1, {}, SortAs::kDate}};
+  const auto add = [&list](const char* name, const char* size, const char* date) {
+    ListItem* row = list.Add({}, name);
+    row->SetSubItem(1, size);
+    row->SetSubItem(2, date);
+    list.PutInOrder(row);
+  };
+  add("a", "900", "11/4/2006 1:05:09 PM");
+  add("b", "1000", "9/30/2007");
+  add("c", "", "Unspecified");
+  list.SortInTurns(2);
+  EXPECT_EQ(Order(list), "cab");
+  add("d", "95", "11/4/2006 9:05:09 AM");
+  EXPECT_EQ(Order(list), "cdab");
+  list.SortInTurns(2);
+  EXPECT_EQ(Order(list), "badc");
+  list.SortInTurns(3);
+  EXPECT_EQ(Order(list), "cdab");
 }
 
 TEST(ListView, AHandlerMayClearTheList) {

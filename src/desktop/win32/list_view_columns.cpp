@@ -82,11 +82,20 @@ void ListViewColumns::Change(int place, const Shown& from, const Shown& to) cons
   if (from.width_twips != to.width_twips) column.mask |= LVCF_WIDTH;
   column.pszText = text.data();
   column.cx = resources_.Pixels(to.width_twips);
+  if (list_.headings) column.cx = std::max(column.cx, WidthOfHeading(text));
   if (column.mask != 0) {
     const UINT message = from.column != to.column ? LVM_INSERTCOLUMNW : LVM_SETCOLUMNW;
     SendMessageW(window_, message, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(&column));
   }
   if (from.arrow != to.arrow) SetArrow(place, to.arrow);
+}
+
+// A heading is read whole, however narrow the texts below it may be.
+int ListViewColumns::WidthOfHeading(const std::wstring& text) const {
+  constexpr int kMarginAt96 = 16;
+  return resources_.Scaled(kMarginAt96) +
+         static_cast<int>(
+             SendMessageW(window_, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str())));
 }
 
 void ListViewColumns::SetArrow(int place, int arrow) const {

@@ -2,6 +2,7 @@
 // them open or hit their dividers.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "desktop/win32/resources.h"
@@ -40,6 +41,7 @@ class ListViewColumns {
   };
   std::vector<Shown> Wanted() const;
   void SetArrow(int place, int arrow) const;
+  int WidthOfHeading(const std::wstring& text) const;
   static LRESULT CALLBACK HeaderProcedure(HWND header, UINT message, WPARAM wparam, LPARAM lparam,
                                           UINT_PTR id, DWORD_PTR columns);
   void Change(int place, const Shown& from, const Shown& to) const;
