@@ -84,8 +84,8 @@ void AddToSafeList(IgnoreList& list, const std::string& program_folder, std::str
   if (!IsExistingFile(file)) return;
   // A last line of the user's may have no end; what stands behind an end of text is never read.
   std::string whole = FileSystemObject().ReadAll(file).value_or("");
-  const auto end = static_cast<std::size_t>(std::find(whole.begin(), whole.end(), kEndOfText) -
-                                            whole.begin());
+  const auto end =
+      static_cast<std::size_t>(std::find(whole.begin(), whole.end(), kEndOfText) - whole.begin());
   const bool in_line = end > 0 && whole[end - 1] != '\n' && whole[end - 1] != '\r';
   const std::string line = (in_line ? "\r\n" : "") + ToSystemCodePage(entry) + "\r\n";
   // A line that can't be written is passed over; the entry still counts until the program ends.

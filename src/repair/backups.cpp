@@ -8,6 +8,7 @@
 #include "helpers/system_helpers.h"
 #include "helpers/text_helpers.h"
 #include "platform/file_system_object.h"
+#include "platform/letter_case.h"
 #include "platform/locale_texts.h"
 #include "platform/program_start.h"
 #include "platform/winapi.h"
@@ -63,12 +64,21 @@ bool HasRecord(const std::string& file) {
   return FileSystemObject().FolderExists(CompleteRecordFolder(file));
 }
 
+// What a file is, by the name that it was given when it was written.
+const char* KindOf(const std::string& name) {
+  const std::string lower = LowerCase(name);
+  if (lower.starts_with("undo_")) return "Undo: what a repair has deleted";
+  return lower.starts_with("regbackup_") ? "Backup: the whole registry" : "Registry file";
+}
+
 void ListFile(frmMain& window, const std::string& name, const std::string& file_name) {
   ListItem* row = window.LvBackup.Add({}, name);
   row->SetSmallIcon(kBackupIcon);
+  row->SetSubItem(2, KindOf(name));
   FileSystemObject::File file;
   if (FileSystemObject().GetFile(file_name, file)) return;
   if (const auto changed = file.DateLastModified()) row->SetSubItem(1, DateTimeText(*changed));
+  if (const auto size = file.Size()) row->SetSubItem(3, SizeText(*size));
 }
 
 // Records whose undo file is not there: of a repair of shortcuts alone, which writes none, and what
@@ -87,6 +97,7 @@ void ListRecordsAlone(frmMain& window) {
 
 void Loadbackup(frmMain& window) {
   window.LvBackup.Clear();
+  window.lblBackupNote.SetCaption("");
   const std::string folder = BackupFolder(window);
   CreateNewFolder(folder);
   if (!IsExistingFolder(folder)) FileSystemObject().CreateFolder(folder);
@@ -165,7 +176,9 @@ void LvBackup_MouseUp(frmMain& window) {
   const ListItem* row = window.LvBackup.SelectedItem();
   if (row == nullptr) return;
   const std::string file = BackupFile(window, row->Caption().String());
-  window.LvBackup.SetToolTipText(CountsText(CountsOf(ReadRecord(CompleteRecordFolder(file)))));
+  const std::string counts = CountsText(CountsOf(ReadRecord(CompleteRecordFolder(file))));
+  window.LvBackup.SetToolTipText(counts);
+  window.lblBackupNote.SetCaption(counts.empty() ? "" : "The selected undo holds " + counts + ".");
 }
 
 }  // namespace tidemark

@@ -8,6 +8,7 @@
 #include "platform/winapi.h"
 #include "registry/mdlRegistry.h"
 #include "registry/stored_settings.h"
+#include "shell/scheduler.h"
 
 namespace tidemark {
 namespace {
@@ -46,6 +47,11 @@ std::string ChosenSchedule(frmMain& window) {
 }
 
 }  // namespace
+
+void ShowNextRun(frmMain& window) {
+  const std::string next = NextRun(window);
+  window.lblNextRun.SetCaption(next.empty() ? "" : "Next run : " + next);
+}
 
 void LoadOptions(frmMain& window) {
   TakeNumber(window.chkStartup, Setting("Startup", "1"));
@@ -112,6 +118,7 @@ void cmdOptApply_Click(frmMain& window) {
   SaveSetting("SchedulerType", ChosenSchedule(window));
   EnableButtons(window, false);
   window.Scheduler();
+  ShowNextRun(window);
 }
 
 void cmdOptCancel_Click(frmMain& window) { LoadOptions(window); }

@@ -6,6 +6,9 @@
 
 namespace tidemark {
 
+// Says when the stored schedule will run next.
+void ShowNextRun(frmMain& window);
+
 // Shows the stored options. Writes the logon entry again when the program is to start with Windows,
 // which it is unless a person has said otherwise; never removes it. The same for the logon task,
 // once in the life of the process.

@@ -6,6 +6,7 @@
 #include "platform/winapi.h"
 #include "scan/scan.h"
 #include "shell/open_dialogs.h"
+#include "shell/options.h"
 #include "shell/status.h"
 #include "window/panels.h"
 
@@ -95,6 +96,7 @@ void lblOptions_Click(frmMain& window, int index) {
   tab->BringToFront();
   LoadProgramPicture(window, window.picopttoolback,
                      "\\images\\AdvancedOptions" + std::to_string(index) + ".jpg");
+  if (index == 0) ShowNextRun(window);
   if (index == 2) window.loadPrograms();
   for (int other = 0; other < window.lblOptions.Count(); ++other) {
     if (other == index) continue;

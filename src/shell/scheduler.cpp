@@ -1,6 +1,7 @@
 #include "shell/scheduler.h"
 
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -100,6 +101,23 @@ bool IsDue(const frmMain& window, const SYSTEMTIME& now, double chosen) {
   return false;
 }
 
+SYSTEMTIME MinutesLater(const SYSTEMTIME& time, int count) {
+  using namespace std::chrono;
+  const auto day = sys_days(year(time.wYear) / time.wMonth / time.wDay);
+  const auto moment = day + hours(time.wHour) + minutes(time.wMinute + count);
+  const year_month_day date(floor<days>(moment));
+  const hh_mm_ss clock(moment - floor<days>(moment));
+  SYSTEMTIME later = time;
+  later.wYear = static_cast<WORD>(static_cast<int>(date.year()));
+  later.wMonth = static_cast<WORD>(static_cast<unsigned>(date.month()));
+  later.wDay = static_cast<WORD>(static_cast<unsigned>(date.day()));
+  later.wDayOfWeek = static_cast<WORD>(weekday(floor<days>(moment)).c_encoding());
+  later.wHour = static_cast<WORD>(clock.hours().count());
+  later.wMinute = static_cast<WORD>(clock.minutes().count());
+  later.wSecond = 0;
+  return later;
+}
+
 void RunNow(frmMain& window) {
   window.TmrScheduler.SetEnabled(false);
   window.AutoRunActive = true;
@@ -120,6 +138,25 @@ void RunNow(frmMain& window) {
 
 void Scheduler(frmMain& window) {
   window.TmrScheduler.SetEnabled(LeadingNumber(Setting("Scheduler", "0")) == 1);
+}
+
+std::string NextRun(const frmMain& window) {
+  if (LeadingNumber(Setting("Scheduler", "0")) != 1) return {};
+  const double chosen = std::floor(LeadingNumber(Setting("SchedulerType", "3")));
+  const SYSTEMTIME now = Now();
+  if (IsDue(window, now, chosen)) return "within a minute";
+  constexpr int kDay = 24 * 60;
+  int minutes = 0;
+  // Closely at first; what is days away is found by the hour.
+  while (minutes < 8 * kDay) {
+    const int step = minutes < kDay ? 5 : 60;
+    if (IsDue(window, MinutesLater(now, minutes + step), chosen)) break;
+    minutes += step;
+  }
+  if (minutes >= 8 * kDay) return "after the next scan";
+  SYSTEMTIME next = MinutesLater(now, ++minutes);
+  while (!IsDue(window, next, chosen)) next = MinutesLater(now, ++minutes);
+  return LongDateText(next) + " - " + TimeText(next);
 }
 
 void TmrScheduler_Timer(frmMain& window) {

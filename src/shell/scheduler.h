@@ -2,6 +2,8 @@
 // due, and makes it. It runs only while the program runs.
 #pragma once
 
+#include <string>
+
 #include "window/frmMain.h"
 
 namespace tidemark {
@@ -13,5 +15,9 @@ void Scheduler(frmMain& window);
 // to Home, as clicks would. A stored time or date that can't be read makes it due. It takes no
 // notice of a scan that is running, and may so enter a second one.
 void TmrScheduler_Timer(frmMain& window);
+
+// When the schedule will run next, as the timer would find it at its ticks; empty while none is
+// stored. A moment of the next eight days, or the words that stand for another.
+std::string NextRun(const frmMain& window);
 
 }  // namespace tidemark

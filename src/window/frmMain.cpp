@@ -178,6 +178,8 @@ void DesignOptions(frmMain& window) {
   window.lblStartupNotice.SetVisible(false);
   window.lblSchedulerTitle.SetCaption("Schedule");
   window.chkScheduler.SetCaption("A&uto Scan && Fix");
+  window.lblSchedulerNote.SetCaption(
+      "Repairs what it finds without asking; the Backups page keeps an undo file of each run.");
   constexpr std::array kSchedules = {"Every &30 minutes", "Every Hou&r", "Once a &Day",
                                      "Once a W&eek"};
   for (int index = 0; index < static_cast<int>(kSchedules.size()); ++index) {
@@ -208,7 +210,10 @@ void DesignTabs(frmMain& window) {
   window.lblscanmsg(5).SetFont(kHeading);
   window.lblscanmsg.Add(&window.picAdvOptions(1), 6)
       .SetCaption("Restoring a file puts its entries back into the registry; the file is used up.");
-  window.LvBackup.columns = {{"Backup Description:", 6000, {}}, {"Backup Date/Time:", 3600, {}}};
+  window.LvBackup.columns = {{"Backup Description:", 3300, {}},
+                             {"Backup Date/Time:", 2300, {}},
+                             {"Kind:", 2900, {}},
+                             {"Size:", 1150, {}}};
   window.LvBackup.small_icons = {"\\images\\scan1.ico", "\\images\\scan2.ico",
                                  "\\images\\backup.ico"};
   window.cmdBakupReg.SetCaption("Backup Re&gistry");

@@ -135,6 +135,8 @@ struct frmMain {
   Label lblStartupNotice{&picAdvOptions(0), "lblStartupNotice"};  // shown when there is one
   Label lblSchedulerTitle{&picAdvOptions(0), "lblSchedulerTitle"};
   CheckBox chkScheduler{&picAdvOptions(0), "chkScheduler"};
+  Label lblSchedulerNote{&picAdvOptions(0), "lblSchedulerNote"};
+  Label lblNextRun{&picAdvOptions(0), "lblNextRun"};
   ControlGroup<OptionButton> optSchedule{"optSchedule"};  // 0 to 3
   CommandButton cmdOptApply{&picAdvOptions(0), "cmdOptApply"};
   CommandButton cmdOptCancel{&picAdvOptions(0), "cmdOptCancel"};
@@ -143,7 +145,8 @@ struct frmMain {
   // Tab 1: backups.
   FileListBox File1{&picAdvOptions(1), "File1"};
   ListView LvBackup{&picAdvOptions(1), "LvBackup"};
-  Label lblRestored{&picAdvOptions(1), "lblRestored"};  // what the last restore came to
+  Label lblBackupNote{&picAdvOptions(1), "lblBackupNote"};  // what the selected file holds
+  Label lblRestored{&picAdvOptions(1), "lblRestored"};      // what the last restore came to
   CommandButton cmdBakupReg{&picAdvOptions(1), "cmdBakupReg"};
   CommandButton cmdRestore{&picAdvOptions(1), "cmdRestore"};
   CommandButton cmdRemove{&picAdvOptions(1), "cmdRemove"};

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "helpers/text_helpers.h"
 #include "platform/file_system_object.h"
 #include "platform/locale_texts.h"
 #include "platform/unique_handle.h"
@@ -91,6 +92,10 @@ TEST(Backups, ListsTheScriptsOfItsFolderWithTheirDates) {
   ASSERT_EQ(FileSystemObject().GetFile(on.File("RegBackup_1.reg"), file), FileSystemObject::kNone);
   EXPECT_EQ(row.SubItem(1), DateTimeText(file.DateLastModified().value()));
   EXPECT_EQ(row.SmallIcon(), 3);
+  EXPECT_EQ(WindowPc::Rows(on.window.LvBackup, {2}),
+            (std::vector<std::string>{"Registry file", "Backup: the whole registry",
+                                      "Undo: what a repair has deleted"}));
+  EXPECT_EQ(row.SubItem(3), SizeText(file.Size().value()));
 }
 
 TEST(Backups, ABackupIsMadeListedAndRemoved) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/locale_texts.h"
+#include "shell/pages.h"
 #include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
@@ -59,6 +60,29 @@ TEST(Scheduler, TheTimerRunsOnlyForANumberThatIsOne) {
     Scheduler(on.window);
     EXPECT_EQ(on.window.TmrScheduler.Enabled(), enabled) << text;
   }
+}
+
+TEST(Scheduler, TheOptionsTellWhenTheNextRunIsDue) {
+  SchedulerPc on;
+  if (!on.pc.CanFault()) GTEST_SKIP() << "the clock can't be set on this ground";
+  on.pc.SetLocale("M/d/yyyy", "h:mm:ss tt");
+  on.StoreLastRun(Moment{14, 13, 5}.InNovember());
+  on.pc.SetTime(Moment{14, 13, 17}.InNovember());
+  on.window.SetInitValues();
+  EXPECT_EQ(NextRun(on.window), "") << "no schedule is stored";
+  Store("Scheduler", "1");
+  for (const auto& [type, next] : {std::pair{"0", "Tuesday, November 14 2006 - 1:35:00 PM"},
+                                   {"1", "Tuesday, November 14 2006 - 2:00:00 PM"},
+                                   {"2", "Wednesday, November 15 2006 - 1:00:00 PM"},
+                                   {"3", "Tuesday, November 21 2006 - 1:00:00 PM"},
+                                   {"7", "after the next scan"}}) {
+    Store("SchedulerType", type);
+    EXPECT_EQ(NextRun(on.window), next);
+  }
+  Store("SchedulerType", "0");
+  on.pc.SetTime(Moment{14, 13, 40}.InNovember());
+  lblOptions_Click(on.window, 0);
+  EXPECT_EQ(on.window.lblNextRun.Caption(), "Next run : within a minute");
 }
 
 TEST(Scheduler, ARunComesDueAtItsBoundaryAndNotBefore) {
