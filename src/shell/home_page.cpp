@@ -7,6 +7,14 @@
 #include "window/panels.h"
 
 namespace tidemark {
+namespace {
+
+// Of the last scan, none of which has been repaired or dropped.
+bool HasResults(const frmMain& window) {
+  return window.lvFound.Count() > 0 && window.lvInvalidLoc.Count() > 0;
+}
+
+}  // namespace
 
 void ShowScanState(frmMain& window) {
   // The repair's stop button is there as long as the repair runs.
@@ -23,9 +31,17 @@ void ShowScanState(frmMain& window) {
                                  " %. Click here to see it.");
 }
 
+void ShowWaysFromHome(frmMain& window) {
+  constexpr unsigned kBlack = 0;
+  const bool leads_on = HasResults(window);
+  window.lblLastscan.SetForeColor(leads_on ? window.lblScanState.ForeColor() : kBlack);
+  window.lblLastscan.SetToolTipText(leads_on ? "Show the results" : "");
+  ShowScanState(window);
+}
+
 void lblLastscan_Click(frmMain& window) {
   if (window.ScanRunning || window.cmdStopFix.Visible()) return window.cmdMenuScan.Click();
-  if (window.lvFound.Count() == 0 || window.lvInvalidLoc.Count() == 0) return;
+  if (!HasResults(window)) return;
   HideAllFrames(window);
   HighLightButtons(window);
   LoadProgramPicture(window, window.cmdMenuScan, "\\images\\RegistryScan2.jpg");

@@ -5,6 +5,7 @@
 #include "helpers/system_helpers.h"
 #include "platform/winapi.h"
 #include "scan/scan.h"
+#include "shell/home_page.h"
 #include "shell/open_dialogs.h"
 #include "shell/options.h"
 #include "shell/status.h"
@@ -41,6 +42,7 @@ void cmdMenuHome_Click(frmMain& window) {
   HideAllFrames(window);
   window.picWelcome.SetVisible(true);
   LoadProgramPicture(window, window.cmdMenuHome, "\\images\\overview2.jpg");
+  ShowWaysFromHome(window);
 }
 
 void cmdMenuScan_Click(frmMain& window) {

@@ -42,10 +42,7 @@ void BindForm(frmMain& window) {
 }
 
 void BindPages(frmMain& window) {
-  window.cmdMenuHome.Clicked.Bind([&window] {
-    cmdMenuHome_Click(window);
-    ShowScanState(window);
-  });
+  window.cmdMenuHome.Clicked.Bind([&window] { cmdMenuHome_Click(window); });
   window.TmrScanState.Tick.Bind([&window] { ShowScanState(window); });
   window.lblScanState.Clicked.Bind([&window] { window.cmdMenuScan.Click(); });
   window.lblLastscan.Clicked.Bind([&window] { lblLastscan_Click(window); });

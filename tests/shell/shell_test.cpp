@@ -66,11 +66,13 @@ TEST(Shell, HomeTellsOfARunningScanAndLeadsToItsResults) {
   EXPECT_EQ(window.IMGRegistryStatus.AccessibleName(),
             "Registry health: Unknown, no scan has ended")
       << "few problems leave the picture";
+  EXPECT_EQ(window.lblLastscan.ToolTipText(), "Show the results");
   window.lblLastscan.Click();
   EXPECT_TRUE(window.picClear.Visible() && !window.picWelcome.Visible());
   window.cmdFix.Click();
   window.lblLastscan.Click();
   EXPECT_TRUE(window.picWelcome.Visible()) << "what was found is repaired";
+  EXPECT_EQ(window.lblLastscan.ToolTipText(), "");
 }
 
 TEST(Shell, ASecondInstanceEndsWithNoWindow) {
