@@ -12,8 +12,8 @@ namespace {
 constexpr Font kHeading{.tenths_of_points = 97, .bold = true};
 constexpr Font kFigure{.tenths_of_points = 180, .bold = true};
 
-// The system's colour of links, by its number.
-constexpr unsigned kLinkColor = 0x8000001A;
+// Of what can be clicked: the system's highlight, by its number.
+constexpr unsigned kLinkColor = 0x8000000D;
 
 // The columns of some lists are measured in hundredths of a millimetre.
 constexpr int Twips(int hundredths_of_millimetre) {
