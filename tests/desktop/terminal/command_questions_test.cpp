@@ -11,17 +11,22 @@ TEST_F(TerminalTest, TheNextLineAnswersAQuestion) {
   const auto yes_no = [&] { answer = front_end.AskYesNo("Sure?", "Title") ? "yes" : "no"; };
   const auto text = [&] { answer = front_end.InputBox("A pattern:", "Title", "*.tmp"); };
   const auto folder = [&] { answer = front_end.BrowseForFolder("Title"); };
+  const auto save = [&] { answer = front_end.AskSaveFile("Title", "list.csv"); };
+  const std::string there = pc.folder() + "\\there.csv";
+  pc.MakeFile(there);
   struct Case {
     std::function<void()> ask;
     std::vector<std::string> lines;
     std::string answer;
     int status = 0;
   };
-  for (const Case& c : {Case{yes_no, {"yes"}, "yes"}, Case{yes_no, {" Y "}, "yes"},
-                        Case{yes_no, {"NO"}, "no"}, Case{yes_no, {"quit", "", "y"}, "yes", 1},
-                        Case{yes_no, {}, "no"}, Case{text, {" two  blanks "}, " two  blanks "},
-                        Case{text, {"="}, "*.tmp"}, Case{text, {""}, ""}, Case{text, {}, ""},
-                        Case{folder, {"C:\\Old Files"}, "C:\\Old Files"}, Case{folder, {""}, ""}}) {
+  for (const Case& c :
+       {Case{yes_no, {"yes"}, "yes"}, Case{yes_no, {" Y "}, "yes"}, Case{yes_no, {"NO"}, "no"},
+        Case{yes_no, {"quit", "", "y"}, "yes", 1}, Case{yes_no, {}, "no"},
+        Case{text, {" two  blanks "}, " two  blanks "}, Case{text, {"="}, "*.tmp"},
+        Case{text, {""}, ""}, Case{text, {}, ""}, Case{folder, {"C:\\Old Files"}, "C:\\Old Files"},
+        Case{folder, {""}, ""}, Case{save, {"C:\\new.csv"}, "C:\\new.csv"},
+        Case{save, {there, "y"}, there}, Case{save, {there, "n"}, ""}}) {
     answer = "none";
     window.cmdFix.Clicked.Bind(c.ask);
     std::deque<std::string> lines(c.lines.begin(), c.lines.end());

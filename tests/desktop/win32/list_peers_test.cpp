@@ -182,6 +182,26 @@ TEST_F(ListPeers, SeveralRowsAreSelectedTickedAndCopiedTogether) {
   EXPECT_EQ(type(VK_SPACE, false), "clear K2");
 }
 
+TEST_F(ListPeers, ACellShowsBothEndsOfAPathAndTellsAllOfIt) {
+  const std::string path = "HKEY_CLASSES_ROOT\\" + std::string(60, 'x') + "\\the end";
+  list_.Add("K1", path);
+  list_.Add("K2", std::string(90, 'y'));
+  Pump();
+  NMLVCUSTOMDRAW drawing{};
+  drawing.nmcd.hdr = {ListWindow(), 0, static_cast<UINT>(NM_CUSTOMDRAW)};
+  drawing.nmcd.hdc = GetDC(ListWindow());
+  drawing.nmcd.dwDrawStage = CDDS_PREPAINT;
+  list_peer_.OnNotify(drawing.nmcd.hdr);
+  const std::string painted = TextAt(1, 0);
+  EXPECT_TRUE(painted.starts_with("HKEY_C") && painted.ends_with("\\the end")) << painted;
+  EXPECT_LT(painted.size(), 45U);
+  EXPECT_EQ(TextAt(2, 0).size(), 90U) << "no path";
+  drawing.nmcd.dwDrawStage = CDDS_POSTPAINT;
+  list_peer_.OnNotify(drawing.nmcd.hdr);
+  ReleaseDC(ListWindow(), drawing.nmcd.hdc);
+  EXPECT_EQ(TextAt(1, 0), path) << "to a screen reader";
+}
+
 TEST_F(ListPeers, AnActOnRowsThatHaveGoneMeanwhileIsDropped) {
   Fill(20);
   Pump();
