@@ -19,6 +19,9 @@ AllowSkipFiles off
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tidemark"
 !define LOGON_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+!define PUBLISHER "The Tidemark developers"
+; The logon entry's name has these two.
+!searchparse "${VERSION}" "" MAJOR "." MINOR "."
 
 Name "Tidemark"
 OutFile "${OUTPUT}"
@@ -30,6 +33,7 @@ BrandingText "Tidemark ${VERSION}"
 
 VIProductVersion "${VERSION}.0"
 VIAddVersionKey ProductName "Tidemark"
+VIAddVersionKey CompanyName "${PUBLISHER}"
 VIAddVersionKey FileDescription "Tidemark Setup"
 VIAddVersionKey FileVersion "${VERSION}"
 VIAddVersionKey ProductVersion "${VERSION}"
@@ -44,6 +48,8 @@ VIAddVersionKey LegalCopyright ""
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_RUN "$INSTDIR\tidemark.exe"
 !insertmacro MUI_PAGE_FINISH
+!define MUI_UNCONFIRMPAGE_TEXT_TOP "Tidemark will be removed. Undo files, backups, what was switched \
+    off from the start-up folders and the ignore list can stay: you will be asked."
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
@@ -75,8 +81,10 @@ VIAddVersionKey LegalCopyright ""
   RMDir "$INSTDIR\images"
 !macroend
 
-; The program's value in a key that names what starts with the system, of whichever version.
+; The program's value in a key that names what starts with the system, of whichever version. $3 is
+; "1" if there was one.
 !macro DELETE_LOGON_ENTRIES KEY
+  StrCpy $3 0
   StrCpy $0 0
   ${Do}
     ClearErrors
@@ -86,6 +94,7 @@ VIAddVersionKey LegalCopyright ""
     ${EndIf}
     StrCpy $2 $1 11
     ${If} $2 == "Tidemark - "
+      StrCpy $3 1
       DeleteRegValue HKCU "${KEY}" "$1"
       ${If} ${Errors}
         IntOp $0 $0 + 1
@@ -94,6 +103,15 @@ VIAddVersionKey LegalCopyright ""
       IntOp $0 $0 + 1
     ${EndIf}
   ${Loop}
+!macroend
+
+; The entry of a former version becomes this one's, which the program would not see as its own; who
+; has none or has it switched off keeps it so.
+!macro RENEW_LOGON_ENTRY KEY
+  !insertmacro DELETE_LOGON_ENTRIES "${KEY}"
+  ${If} $3 == 1
+    WriteRegStr HKCU "${KEY}" "Tidemark - ${MAJOR}.${MINOR}" "$INSTDIR\tidemark.exe /m"
+  ${EndIf}
 !macroend
 
 ; Each user's logon task: the system keeps a file of its name for it.
@@ -133,9 +151,13 @@ Section "" whole_program
   CreateDirectory "$INSTDIR\Startup Folder\Current User"
   CreateShortcut "$SMPROGRAMS\Tidemark.lnk" "$INSTDIR\tidemark.exe"
 
+  !insertmacro RENEW_LOGON_ENTRY "${LOGON_KEY}"
+  !insertmacro RENEW_LOGON_ENTRY "-${LOGON_KEY}"
+
   WriteUninstaller "$INSTDIR\uninstall.exe"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "Tidemark"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKLM "${UNINSTALL_KEY}" "Publisher" "${PUBLISHER}"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\tidemark.exe"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr HKLM "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
@@ -156,6 +178,15 @@ Section Uninstall
   Delete "$INSTDIR\uninstall.exe"
   !insertmacro DELETE_PICTURES
   Delete "$SMPROGRAMS\Tidemark.lnk"
+  ${If} ${FileExists} "$INSTDIR\backup\*.*"
+  ${OrIf} ${FileExists} "$INSTDIR\Startup Folder\*.*"
+    ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION \
+        "Keep the undo files, the backups of the registry, what was switched off from the start-up \
+        folders, and the ignore list?$\r$\nThey stay in $INSTDIR." /SD IDYES IDNO`
+      RMDir /r "$INSTDIR\backup"
+      RMDir /r "$INSTDIR\Startup Folder"
+    ${EndIf}
+  ${EndIf}
   ; These go only when nothing is in them.
   RMDir "$INSTDIR\backup"
   RMDir "$INSTDIR\Startup Folder\All Users"
