@@ -28,8 +28,8 @@ class Label : public ClickControl {
   unsigned ForeColor() const { return fore_color_; }
   void SetForeColor(unsigned color) { fore_color_ = color; }
 
-  // The list over whose columns the caption's words stand, one each, with runs of blanks between
-  // them; null for every other label.
+  // The list over whose visible columns the caption's words stand, one each, with runs of blanks
+  // between them; null for every other label.
   const ListView* heads = nullptr;
 
  private:

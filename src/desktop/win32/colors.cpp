@@ -7,7 +7,9 @@ constexpr unsigned kSystemColor = 0x80000000;
 constexpr unsigned kWhite = 0xFFFFFF;
 constexpr COLORREF kHairline = RGB(0xC4, 0xCC, 0xD6);
 
-}  // namespace
+int Brightness(COLORREF color) {
+  return GetRValue(color) * 3 + GetGValue(color) * 6 + GetBValue(color);
+}
 
 bool HighContrast() {
   HIGHCONTRASTA contrast{};
@@ -16,11 +18,18 @@ bool HighContrast() {
          (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
-COLORREF PanelColor() { return HighContrast() ? GetSysColor(COLOR_WINDOW) : kWhite; }
+}  // namespace
 
-COLORREF PanelTextColor() { return HighContrast() ? GetSysColor(COLOR_WINDOWTEXT) : 0; }
+bool SystemColorsOnly() {
+  return HighContrast() ||
+         Brightness(GetSysColor(COLOR_WINDOWTEXT)) > Brightness(GetSysColor(COLOR_WINDOW));
+}
 
-COLORREF BorderColor() { return HighContrast() ? GetSysColor(COLOR_WINDOWFRAME) : kHairline; }
+COLORREF PanelColor() { return SystemColorsOnly() ? GetSysColor(COLOR_WINDOW) : kWhite; }
+
+COLORREF PanelTextColor() { return SystemColorsOnly() ? GetSysColor(COLOR_WINDOWTEXT) : 0; }
+
+COLORREF BorderColor() { return SystemColorsOnly() ? GetSysColor(COLOR_WINDOWFRAME) : kHairline; }
 
 COLORREF ColorOf(unsigned color) {
   if ((color & kSystemColor) != 0) return GetSysColor(static_cast<int>(color & 0xFF));

@@ -1,12 +1,14 @@
 // The colours of the program's own painting: black on white, or those of the system where a person
-// has chosen high contrast.
+// has chosen high contrast or light letters on dark windows.
 #pragma once
 
 #include "platform/winapi.h"
 
 namespace tidemark {
 
-bool HighContrast();
+// Whether the program's own colours and pictures step back: the common controls go by the system's,
+// and a text must not come to stand on a background that was not meant for it.
+bool SystemColorsOnly();
 COLORREF PanelColor();
 COLORREF PanelTextColor();
 // A hairline around panels and lists.

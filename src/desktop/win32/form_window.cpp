@@ -1,6 +1,7 @@
 #include "desktop/win32/form_window.h"
 
 #include <array>
+#include <utility>
 
 #include "desktop/win32/buffered_paint.h"
 #include "desktop/win32/colors.h"
@@ -83,13 +84,19 @@ void FormWindow::Place(HWND owner) {
   const POINT corner = MiddleOf(owner == nullptr ? WorkAreaOf(owner) : PlaceOnScreen(owner), size);
   SetWindowPos(window_, nullptr, corner.x, corner.y, size.cx, size.cy,
                SWP_NOZORDER | SWP_NOACTIVATE);
+  scroller_.Fit(window_, PageSize());
+}
+
+SIZE FormWindow::PageSize() const {
+  const RECT page = resources_.PixelsOf({0, 0, form_.Place().width, form_.Place().height});
+  return {page.right, page.bottom};
 }
 
 SIZE FormWindow::OuterSize() const {
   const FrameStyle style = StyleOf(form_);
-  const RECT client = resources_.PixelsOf({0, 0, form_.Place().width, form_.Place().height});
-  return OuterSizeOf({client.right, client.bottom}, style.style, style.extended_style,
-                     resources_.DotsPerInch());
+  const SIZE whole =
+      OuterSizeOf(PageSize(), style.style, style.extended_style, resources_.DotsPerInch());
+  return FormScroller::SizeWithin(WorkAreaOf(window_), whole);
 }
 
 void FormWindow::MakePeers() {
@@ -128,7 +135,19 @@ void FormWindow::Refresh() {
   if (is_seen) peers_->Refresh();
   RefreshState();
   RefreshProgress();
-  if (is_seen && GetActiveWindow() == window_) keyboard_->KeepFocus();
+  if (is_seen && GetActiveWindow() == window_) {
+    keyboard_->KeepFocus();
+    const HWND focus = GetFocus();
+    if (focus != std::exchange(focus_seen_, focus) && scroller_.BringIntoView(window_, focus)) {
+      RefreshPlaces();
+    }
+  }
+}
+
+// What the form holds moves in its window.
+void FormWindow::RefreshPlaces() {
+  peers_->Refresh();
+  InvalidateRect(window_, nullptr, TRUE);
 }
 
 // A box that is shown may turn from a notice into a question.
@@ -219,6 +238,11 @@ std::optional<LRESULT> FormWindow::OnFormMessage(UINT message, WPARAM wparam, LP
     case WM_SIZE:
       OnSize(wparam);
       return 0;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+      if (peers_ && scroller_.Scroll(window_, message, wparam)) RefreshPlaces();
+      return 0;
     case WM_DPICHANGED:
       OnDotsPerInch(wparam, *reinterpret_cast<const RECT*>(lparam));
       return 0;
@@ -256,6 +280,7 @@ void FormWindow::OnDotsPerInch(WPARAM wparam, const RECT& suggested) {
   const SIZE size = OuterSize();
   SetWindowPos(window_, nullptr, suggested.left, suggested.top, size.cx, size.cy,
                SWP_NOZORDER | SWP_NOACTIVATE);
+  scroller_.Fit(window_, PageSize());
   Refresh();
 }
 
@@ -282,10 +307,12 @@ void FormWindow::OnSystemChange(UINT message, WPARAM wparam, LPARAM lparam) {
 void FormWindow::PaintBackground(HDC context) {
   RECT area{};
   GetClientRect(window_, &area);
-  const HBITMAP picture =
-      HighContrast() ? nullptr : resources_.PictureOf(form_.PictureFile(), area.right, area.bottom);
+  const SIZE page = PageSize();
+  const POINT scrolled = resources_.Scrolled();
+  const HBITMAP picture = resources_.PictureOf(form_.PictureFile(), page.cx, page.cy);
   if (picture != nullptr) {
-    PaintBitmap(context, area, picture);
+    PaintBitmap(context, {-scrolled.x, -scrolled.y, page.cx - scrolled.x, page.cy - scrolled.y},
+                picture);
   } else {
     FillWith(context, area, PanelColor());
   }

@@ -7,6 +7,7 @@
 
 #include "desktop/win32/form_keyboard.h"
 #include "desktop/win32/form_peers.h"
+#include "desktop/win32/form_scroller.h"
 #include "desktop/win32/resources.h"
 #include "desktop/win32/task_bar_button.h"
 #include "platform/winapi.h"
@@ -64,7 +65,10 @@ class FormWindow {
   void OnSystemChange(UINT message, WPARAM wparam, LPARAM lparam);
   void PaintBackground(HDC context);
   void Place(HWND owner);
+  // Of the whole form, in pixels, and of the window with its frame.
+  SIZE PageSize() const;
   SIZE OuterSize() const;
+  void RefreshPlaces();
   void RefreshFrame();
   void RefreshState();
   void RefreshProgress();
@@ -76,6 +80,8 @@ class FormWindow {
   HWND window_ = nullptr;
   std::unique_ptr<FormPeers> peers_;
   std::unique_ptr<FormKeyboard> keyboard_;
+  FormScroller scroller_{resources_};
+  HWND focus_seen_ = nullptr;  // what had the focus when it was last brought into view
   std::optional<TaskBarButton> task_bar_button_;
   Text caption_;
   bool topmost_ = false;

@@ -29,12 +29,12 @@ void ImagePeer::PaintOn(HDC context, const RECT& area) {
     PaintBitmap(context, area, picture);
   } else {
     PaintBeneath(context);
-    if (Clickable()) PaintName(context, area);
+    if (Clickable() || SystemColorsOnly()) PaintName(context, area);
   }
   PaintFocus(context, area);
 }
 
-// A button without its picture is still a button.
+// A button without its picture is still a button, and what a picture tells can be read instead.
 void ImagePeer::PaintName(HDC context, const RECT& area) {
   const Selection font(context, resources_.FontOf(image_.Font()));
   SetTextColor(context, PanelTextColor());

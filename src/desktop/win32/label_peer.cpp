@@ -23,6 +23,12 @@ UINT TextFormat(HDC context, const RECT& area, std::string_view text) {
   return DT_NOPREFIX | DT_SINGLELINE | (is_path ? DT_PATH_ELLIPSIS : DT_END_ELLIPSIS);
 }
 
+void PaintText(HDC context, RECT area, const Text& text) {
+  const std::wstring wide = Wide(text.View());
+  DrawTextW(context, wide.c_str(), static_cast<int>(wide.size()), &area,
+            TextFormat(context, area, text.View()));
+}
+
 }  // namespace
 
 LabelPeer::LabelPeer(Label& label, Resources& resources, HWND parent)
@@ -52,7 +58,10 @@ void LabelPeer::PaintOn(HDC context, const RECT& area) {
   } else {
     FillWith(context, area, ColorOf(label_.BackColor()));
   }
-  if (!caption_.empty()) {
+  // What lies beneath an area to click on is told by a picture, if there is one.
+  const bool in_words = caption_.empty() && Clickable() && SystemColorsOnly();
+  const Text& text = in_words ? label_.AccessibleName() : caption_;
+  if (!text.empty()) {
     const Selection font(context, resources_.FontOf(label_.Font()));
     SetTextColor(context,
                  label_.Enabled() ? ColorOf(label_.ForeColor()) : GetSysColor(COLOR_GRAYTEXT));
@@ -60,16 +69,10 @@ void LabelPeer::PaintOn(HDC context, const RECT& area) {
     if (label_.heads != nullptr) {
       PaintHeadings(context, area);
     } else {
-      PaintText(context, area);
+      PaintText(context, area, text);
     }
   }
   PaintFocus(context, area);
-}
-
-void LabelPeer::PaintText(HDC context, RECT area) const {
-  const std::wstring text = Wide(caption_.View());
-  DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &area,
-            TextFormat(context, area, caption_.View()));
 }
 
 // Each word where its column's texts begin, wherever the list has been scrolled to.
@@ -80,6 +83,7 @@ void LabelPeer::PaintHeadings(HDC context, RECT area) const {
   std::size_t at = 0;
   for (const ColumnHeader& column : label_.heads->columns) {
     if (at == std::wstring::npos) break;
+    if (column.width_twips <= 0) continue;
     const std::size_t end = words.find(L"  ", at);
     area.right = area.left + resources_.Pixels(column.width_twips);
     DrawTextW(context, words.data() + at, static_cast<int>(std::min(end, words.size()) - at), &area,

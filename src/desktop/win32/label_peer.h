@@ -15,7 +15,6 @@ class LabelPeer : public ClickablePeer {
   long Role() const override;
 
  private:
-  void PaintText(HDC context, RECT area) const;
   void PaintHeadings(HDC context, RECT area) const;
 
   Label& label_;

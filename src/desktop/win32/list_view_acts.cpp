@@ -40,6 +40,9 @@ Answer ListViewPeer::OnNotify(NMHDR& header) {
     case LVN_ITEMCHANGED:
       OnItemChanged(reinterpret_cast<const NMLISTVIEW&>(header));
       return 0;
+    case LVN_ENDSCROLL:
+      list_.scrolled_pixels = GetScrollPos(window_, SB_HORZ);
+      return 0;
     case LVN_ODSTATECHANGED:
       NoteSelection();
       return 0;

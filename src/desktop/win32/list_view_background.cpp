@@ -60,8 +60,7 @@ void ListViewBackground::Show(HWND window) {
   file_ = list_.PictureFile();
   alignment_ = list_.PictureAlignment();
   picture_ = nullptr;
-  // No picture comes between a person and the colours that can be read.
-  if (!file_.empty() && !HighContrast()) {
+  if (!file_.empty()) {
     const SIZE size = resources_.PictureSizeOf(file_);
     size_ = {InWindow(size.cx), InWindow(size.cy)};
     if (size_.cx > 0 && size_.cy > 0) picture_ = resources_.PictureOf(file_, size_.cx, size_.cy);

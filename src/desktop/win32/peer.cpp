@@ -132,7 +132,10 @@ void Peer::Refresh() {
 bool Peer::IsInSight() const { return control_.Visible() && !LiesOutside(control_); }
 
 void Peer::RefreshPlace() {
-  const RECT place = resources_.PixelsOf(control_.Place());
+  RECT place = resources_.PixelsOf(control_.Place());
+  if (control_.Container()->Container() == nullptr) {
+    OffsetRect(&place, -resources_.Scrolled().x, -resources_.Scrolled().y);
+  }
   if (shown_->place && SameRect(*shown_->place, place)) return;
   shown_->place = place;
   SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,

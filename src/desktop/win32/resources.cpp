@@ -4,6 +4,7 @@
 #include <tuple>
 #include <utility>
 
+#include "desktop/win32/colors.h"
 #include "desktop/win32/gdi_objects.h"
 #include "desktop/win32/picture_file.h"
 #include "platform/unique_handle.h"
@@ -114,7 +115,7 @@ HFONT Resources::FontOf(const Font& font) {
 }
 
 HBITMAP Resources::PictureOf(const std::string& file, int width, int height) {
-  if (file.empty()) return nullptr;
+  if (file.empty() || SystemColorsOnly()) return nullptr;
   UniqueBitmap& made = made_->pictures[{file, width, height}];
   if (!made) made = PictureFile(file).Scaled(width, height);
   return made.Get();

@@ -1,5 +1,5 @@
 // What the windows of one form share: the dots per inch of its display, fonts, pictures and icons
-// made for them, and whether the focus is shown.
+// made for them, how far the form is scrolled, and whether the focus is shown.
 #pragma once
 
 #include <memory>
@@ -25,6 +25,10 @@ class Resources {
   bool FocusIsShown() const { return focus_is_shown_; }
   void ShowFocus() { focus_is_shown_ = true; }
 
+  // How far the form is scrolled in its window, in pixels.
+  POINT Scrolled() const { return scrolled_; }
+  void SetScrolled(POINT scrolled) { scrolled_ = scrolled; }
+
   int DotsPerInch() const { return dots_per_inch_; }
   // Drops all that was made for the old ones.
   void SetDotsPerInch(int dots_per_inch);
@@ -38,8 +42,8 @@ class Resources {
 
   // Owned by the resources, until SetDotsPerInch. Tahoma, or the nearest that the system has.
   HFONT FontOf(const Font& font);
-  // A picture file in the size asked for, scaled smoothly; null when it can't be read. "file" is a
-  // full path.
+  // A picture file in the size asked for, scaled smoothly; null when it can't be read, and where
+  // the program's pictures step back for the system's colours. "file" is a full path.
   HBITMAP PictureOf(const std::string& file, int width, int height);
   // The size in pixels that a picture file has by itself; empty when it can't be read.
   SIZE PictureSizeOf(const std::string& file);
@@ -50,6 +54,7 @@ class Resources {
  private:
   struct Made;
   std::string program_folder_;
+  POINT scrolled_{};
   int dots_per_inch_ = 96;
   bool focus_is_shown_ = false;
   std::unique_ptr<Made> made_;

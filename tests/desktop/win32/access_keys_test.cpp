@@ -11,7 +11,7 @@
 namespace tidemark {
 namespace {
 
-// The names of the controls that share a key with another one.
+// The names of the controls that share a key with another one, and of those that say nothing.
 std::string Clashes(frmMain& window) {
   Resources resources(window.application.folder);
   const HWND parent = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 900, 600, nullptr, nullptr,
@@ -24,6 +24,8 @@ std::string Clashes(frmMain& window) {
     for (const Peer* peer : peers.Reachable()) {
       const char key = FormKeyboard::AccessKeyOf(peer->AccessKeyText().View());
       const std::string& name = peer->GetControl().Name();
+      const bool has_text = GetWindowTextLengthA(peer->Window()) > 0;
+      if (peer->AccessKeyText().empty() && !has_text) clashes += name + " says nothing; ";
       if (key == 0 || taken.emplace(key, name).second) continue;
       clashes += std::string(1, key) + ": " + taken[key] + " and " + name + "; ";
     }
@@ -33,10 +35,11 @@ std::string Clashes(frmMain& window) {
   return clashes;
 }
 
-TEST(AccessKeys, NoTwoControlsOfAPageShareOne) {
+TEST(AccessKeys, NoTwoControlsOfAPageShareOneAndAllHaveNames) {
   DesktopPc on;
   frmMain& window = on.window;
   window.form.SetVisible(true);
+  window.SetInitValues();
   for (Control* control : std::initializer_list<Control*>{&window.cmdStop, &window.cmdStopFix,
                                                           &window.cmdFinish, &window.cmdOptApply}) {
     control->SetVisible(true);

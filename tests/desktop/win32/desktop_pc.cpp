@@ -96,6 +96,12 @@ void DesktopPc::CloseWindow() const {
   PostMessageA(front_end.WindowOf(window.form), WM_CLOSE, 0, 0);
 }
 
+bool DesktopPc::TabbedTo(const Control& control) const {
+  if (GetFocus() == Window(control)) return true;
+  if (IsShown(control)) Type(VK_TAB);
+  return false;
+}
+
 HWND DesktopPc::Window(const Control& control) const { return front_end.WindowOf(control); }
 
 bool DesktopPc::IsShown(const Control& control) const {

@@ -35,6 +35,13 @@ class DesktopPc {
   void PressTick(const ListView& list, int row) const;  // its check box
   void CloseWindow() const;
 
+  // Keys, to what has the focus: one by its number, a letter, and Alt with a letter.
+  void Type(WPARAM key) const { Post(WM_KEYDOWN, key); }
+  void TypeLetter(char letter) const { Post(WM_CHAR, static_cast<WPARAM>(letter)); }
+  void Alt(char letter) const { Post(WM_SYSCHAR, static_cast<WPARAM>(letter)); }
+  // Whether the control has the focus; presses Tab if not.
+  bool TabbedTo(const Control& control) const;
+
   // What the real controls hold.
   HWND Window(const Control& control) const;
   bool IsShown(const Control& control) const;
@@ -52,6 +59,10 @@ class DesktopPc {
     std::function<bool()> condition;
     std::function<void()> act;
   };
+  void Post(UINT message, WPARAM key) const {
+    const HWND focus = GetFocus();
+    PostMessageA(focus != nullptr ? focus : Window(window.form), message, key, 1);
+  }
   static void CALLBACK OnTimer(HWND window, UINT message, UINT_PTR id, DWORD time_ms);
   void RunStep();
   void RunScript(const std::function<void()>& entry);

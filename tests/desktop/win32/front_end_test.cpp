@@ -7,6 +7,7 @@
 
 #include "desktop/win32/form_peers.h"
 #include "desktop/win32/win32_front_end.h"
+#include "desktop/win32/window_metrics.h"
 #include "toolkit/list_view.h"
 #include "toolkit/timer.h"
 #include "window/dialogs.h"
@@ -154,6 +155,36 @@ TEST(Win32FrontEnd, AnotherDisplayGivesTheWindowAndItsControlsAnotherSize) {
     EXPECT_EQ(client.bottom, 390 * dots / 1440);
     EXPECT_EQ(front_end.TwipsPerPixelX(box.form), 1440.0 / dots);
   }
+}
+
+TEST(Win32FrontEnd, AFormLargerThanTheDisplayScrollsToWhatHasTheFocus) {
+  Win32FrontEnd front_end(".");
+  Box box;
+  CommandButton far_off(&box.form, "far_off");
+  far_off.SetCaption("&Far");
+  far_off.SetPlace({90000, 60000, 1500, 390});
+  box.form.SetPlace({0, 0, 92000, 61000});
+  front_end.Show(box.form);
+  const HWND window = front_end.WindowHandle(box.form);
+  RECT place{};
+  GetWindowRect(window, &place);
+  const RECT work = WorkAreaOf(window);
+  EXPECT_TRUE(place.left >= work.left && place.right <= work.right && place.top >= work.top &&
+              place.bottom <= work.bottom);
+  const HWND button = ButtonWindow(front_end, box.form, "&Far");
+  const auto in_sight = [&] {
+    RECT common{};
+    const RECT seen = PlaceOnScreen(button);
+    return IntersectRect(&common, &seen, &place) != FALSE && EqualRect(&common, &seen) != FALSE;
+  };
+  EXPECT_FALSE(in_sight());
+  SetFocus(button);
+  const ULONGLONG end = GetTickCount64() + 5000;
+  while (!in_sight() && GetTickCount64() < end) front_end.DoEvents();
+  EXPECT_TRUE(in_sight());
+  for (const UINT bar : {WM_VSCROLL, WM_HSCROLL}) SendMessageA(window, bar, SB_TOP, 0);
+  EXPECT_FALSE(in_sight());
+  EXPECT_TRUE(IsWindowVisible(ButtonWindow(front_end, box.form, "&First")));
 }
 
 TEST(FormPeers, TheKeyboardReachesWhatIsSeenInReadingOrder) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "desktop/win32/label_peer.h"
 #include "desktop/win32/list_view_peer.h"
 #include "desktop/win32/popup_menu.h"
 #include "desktop/win32/tree_view_peer.h"
@@ -132,6 +133,44 @@ TEST_F(ListPeers, AHundredThousandRowsArePaintedOnlyWhereTheyAreInViewAndHaveCha
   EXPECT_FALSE(NeedsPainting());
   list_.Item(3)->SetChecked(true);
   EXPECT_TRUE(NeedsPainting());
+}
+
+TEST_F(ListPeers, ALabelsWordsStandAboveTheColumnsWhereverTheListIsScrolledTo) {
+  list_.columns = {{"First", 5000, {}}, {"Hidden", 0, {}}, {"Third", 3000, {}}};
+  Label label(&form_, "label");
+  label.SetPlace({0, 3000, 6000, 300});
+  label.SetCaption("One:   Two words:");
+  label.heads = &list_;
+  LabelPeer peer(label, resources_, window_);
+  Fill(3);
+  Refresh();
+  constexpr int kWidth = 400;
+  for (const int scroll : {0, 60}) {
+    SendMessageA(ListWindow(), LVM_SCROLL, static_cast<WPARAM>(scroll), 0);
+    Refresh();
+    peer.Refresh();
+    const HDC screen = GetDC(window_);
+    const HDC context = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, kWidth, 20);
+    const HGDIOBJ former = SelectObject(context, bitmap);
+    peer.PaintOn(context, {0, 0, kWidth, 20});
+    RECT cell{};
+    ListView_GetSubItemRect(ListWindow(), 0, 1, LVIR_LABEL, &cell);
+    int ink = cell.left - 20;
+    const auto is_blank = [&](int x) {
+      for (int y = 0; y < 20; ++y) {
+        if (GetPixel(context, x, y) != RGB(255, 255, 255)) return false;
+      }
+      return true;
+    };
+    while (ink < kWidth && is_blank(ink)) ++ink;
+    EXPECT_GE(ink, cell.left) << scroll;
+    EXPECT_LE(ink, cell.left + 12) << scroll;
+    SelectObject(context, former);
+    DeleteObject(bitmap);
+    DeleteDC(context);
+    ReleaseDC(window_, screen);
+  }
 }
 
 TEST_F(ListPeers, APersonsActsInAListRaiseItsEvents) {

@@ -49,8 +49,7 @@ class ModalBoxes : public testing::Test {
 };
 
 TEST_F(ModalBoxes, AQuestionIsNotAnsweredWithYesByAnEnterTooMany) {
-  WhenOpen(
-      [] { SendMessageA(Box(), WM_COMMAND, SendMessageA(Box(), DM_GETDEFID, 0, 0) & 0xFFFF, 0); });
+  WhenOpen([] { PostMessageA(GetFocus(), WM_KEYDOWN, VK_RETURN, 0x1C0001); });
   EXPECT_FALSE(ShowMessageBox(owner_, "Go?", kTitle, MessageIcon::kNone, true));
 }
 

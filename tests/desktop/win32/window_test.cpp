@@ -74,6 +74,66 @@ TEST(MainWindow, StopIsAnsweredInTheMiddleAndWhatWasFoundIsShown) {
   on.Run([&] { cmdScanNow_Click(on.window); });
 }
 
+TEST(MainWindow, IsWorkedByKeysAlone) {
+  DesktopPc on;
+  PlantProblems(on.pc);
+  const std::string junk = on.pc.folder() + "\\keys.tmp";
+  on.pc.MakeFile(junk);
+  frmMain& window = on.window;
+  const auto has_focus_and_row = [&](ListView& list) {
+    if (!on.TabbedTo(list)) return false;
+    if (list.SelectedItem() == nullptr) on.Type(list.check_boxes ? VK_DOWN : VK_SPACE);
+    return list.SelectedItem() != nullptr;
+  };
+  const auto asks = [&](const CommandButton frmMessBox::*button) {
+    return window.mess_box && on.IsShown((*window.mess_box).*button);
+  };
+  // A partial repair.
+  on.When([&] { return on.RowsOf(window.lvProblems) == 3 && has_focus_and_row(window.lvProblems); },
+          [&] { on.Type(VK_SPACE); });
+  on.When([&] { return on.IsTicked(window.lvProblems, 1) != on.IsTicked(window.lvProblems, 2); },
+          [&] { on.Alt('r'); });
+  on.When([&] { return on.IsShown(window.picWelcome); },
+          [&] {
+            EXPECT_FALSE(on.pc.KeyExists(HKEY_LOCAL_MACHINE, kAppPaths + "gone.exe"));
+            on.Alt('b');
+          });
+  // Its undo.
+  on.When([&] { return has_focus_and_row(window.LvBackup); }, [&] { on.Alt('r'); });
+  on.When([&] { return asks(&frmMessBox::cmdYes); }, [&] { on.TypeLetter('y'); });
+  on.When([&] { return asks(&frmMessBox::cmdOK); }, [&] { on.Type(VK_RETURN); });
+  on.When([&] { return !window.mess_box; },
+          [&] {
+            EXPECT_TRUE(on.pc.KeyExists(HKEY_LOCAL_MACHINE, kAppPaths + "gone.exe"));
+            on.Alt('v');
+          });
+  // A start-up entry.
+  on.When([&] { return on.IsShown(window.picOptions); }, [&] { on.Alt('p'); });
+  on.When([&] { return has_focus_and_row(window.lvPrograms); }, [&] { on.Type(VK_SPACE); });
+  on.When([&] { return window.lvPrograms.SelectedItem()->SubItem(4) == "Disabled"; },
+          [&] { on.Alt('h'); });
+  // Junk: one file.
+  on.When([&] { return on.IsShown(window.cmdCleanJunk); }, [&] { on.Alt('j'); });
+  on.When([&] { return on.TabbedTo(window.tvDrives); }, [&] { on.Type(VK_HOME); });
+  on.When([] { return true; }, [&] { on.Type(VK_SPACE); });
+  on.When([&] { return window.tvDrives.Node(1)->Checked(); }, [&] { on.Alt('c'); });
+  on.When([&] { return !window.JunkScanRunning && on.RowsOf(window.lvJunkFiles) > 0; },
+          [&] { on.Alt('c'); });
+  on.When([&] { return has_focus_and_row(window.lvJunkFiles); },
+          [&] {
+            int row = 1;
+            while (window.lvJunkFiles.Item(row)->Caption() != junk) ++row;
+            int way = row - window.lvJunkFiles.IndexOf(window.lvJunkFiles.SelectedItem());
+            for (; way > 0; --way) on.Type(VK_DOWN);
+            for (; way < 0; ++way) on.Type(VK_UP);
+          });
+  on.When([&] { return window.lvJunkFiles.SelectedItem()->Caption() == junk; },
+          [&] { on.Type(VK_SPACE); });
+  on.When([&] { return window.lvJunkFiles.SelectedItem()->Checked(); }, [&] { on.Alt('r'); });
+  on.When([&] { return !on.pc.FileExists(junk); }, [&] { on.CloseWindow(); });
+  on.Run([&] { cmdScanNow_Click(window); });
+}
+
 TEST(MainWindow, OptionsAreApplied) {
   DesktopPc on;
   frmMain& window = on.window;
