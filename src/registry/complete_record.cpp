@@ -47,11 +47,17 @@ CompleteRecord::CompleteRecord(std::string folder)
   writer_.QuoteOnlyPlainTexts();
 }
 
-CompleteRecord::~CompleteRecord() {
-  if (number_ == 0) return;
+CompleteRecord::~CompleteRecord() { End(); }
+
+void CompleteRecord::End() {
+  if (std::exchange(ended_, true)) return;
+  if (number_ == 0 && (failures_ == 0 || !MakeFolder())) return;
   broken_ = false;
+  // Without the one there is not the other: what reads on to the end knows of all that is missing.
+  if (failures_ > 0) writer_.Comment("lost " + std::to_string(failures_));
   writer_.Comment("end");
   writer_.Flush();
+  script_.Flush();
 }
 
 void CompleteRecord::KeepKey(HKEY root, std::string_view sub_key) {

@@ -4,7 +4,8 @@
 //   registry.reg   a registry script of version 5.00 that the editor can import too. Each key or
 //                  value that was to go is a piece between comments: "; piece 1", its lines,
 //                  "; whole 1 CHECKSUM"; then, after the deletion, "; stayed 1 KEY" for each key
-//                  that is still there, "; gone 1", and at last "; end"
+//                  that is still there, "; gone 1", and at last, if so many deletions took what
+//                  is not in the record, "; lost 2", and "; end"
 //   files.txt, 000001.lnk, ...   files, as kept_files.h tells
 //
 // Every piece is on the disk before its deletion. What can't be recorded is counted, and holds
@@ -42,6 +43,8 @@ class CompleteRecord {
   void Deleted();
   // Instead: what was kept is about to be replaced, so its return may replace what stands then.
   void Replaced();
+  // Nothing follows; all of it is on the disk then. What has no end is cut.
+  void End();
 
   // How many deletions took something that could not be kept.
   std::size_t failures() const { return failures_; }
@@ -81,6 +84,7 @@ class CompleteRecord {
   std::size_t failures_ = 0;
   std::size_t stayed_ = 0;
   bool keeps_file_ = false;
+  bool ended_ = false;
   bool broken_ = false;      // what is kept now could not be written
   bool incomplete_ = false;  // some of it could not be read
 };

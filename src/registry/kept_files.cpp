@@ -1,5 +1,6 @@
 #include "registry/kept_files.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
@@ -16,8 +17,6 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kGone = "gone";
 constexpr DWORD kSettable = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
                             FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
-
-std::string ListPath(const std::string& folder) { return folder + "\\files.txt"; }
 
 std::uint64_t NumberOf(FILETIME time) {
   return std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime;
@@ -101,7 +100,7 @@ void MakeFoldersAbove(const std::string& path) {
 }  // namespace
 
 KeptFiles::KeptFiles(std::string folder)
-    : folder_(std::move(folder)), list_(ListPath(folder_), {}, std::string(kLineEnd)) {}
+    : folder_(std::move(folder)), list_(KeptFilesPath(folder_), {}, std::string(kLineEnd)) {}
 
 bool KeptFiles::Keep(const std::string& path) {
   last_ = {};
@@ -153,8 +152,12 @@ KeptFilesList ReadKeptFiles(std::string_view text) {
   return list;
 }
 
-std::string KeptFilesText(const std::string& folder) {
-  return FileSystemObject().ReadAll(ListPath(folder)).value_or("");
+std::string KeptFilesPath(const std::string& folder) { return folder + "\\files.txt"; }
+
+bool IsNameOfCopy(std::string_view name) {
+  constexpr std::size_t kDigits = 6;
+  const auto end = std::min(name.find_first_not_of("0123456789"), name.size());
+  return end >= kDigits && (end == name.size() || name[end] == '.');
 }
 
 bool ReadCopy(const std::string& folder, const KeptFile& file, std::string& bytes) {

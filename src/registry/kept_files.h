@@ -51,8 +51,11 @@ struct KeptFilesList {
 };
 KeptFilesList ReadKeptFiles(std::string_view list);
 
-// The text of the list in the folder of a record; empty when there is none.
-std::string KeptFilesText(const std::string& folder);
+// The list in the folder of a record.
+std::string KeptFilesPath(const std::string& folder);
+
+// Whether a file in that folder has a copy's numbered name.
+bool IsNameOfCopy(std::string_view name);
 
 // What a copy holds, when it is whole.
 bool ReadCopy(const std::string& folder, const KeptFile& file, std::string& bytes);

@@ -1,9 +1,11 @@
 #include "registry/record_contents.h"
 
 #include <algorithm>
+#include <charconv>
 #include <map>
 #include <optional>
 
+#include "helpers/system_helpers.h"
 #include "platform/exact_text.h"
 #include "platform/file_system_object.h"
 #include "platform/letter_case.h"
@@ -60,7 +62,7 @@ std::vector<RecordedKey> KeysOf(std::string_view piece) {
 // what is damaged can't swallow what follows.
 class Contents {
  public:
-  explicit Contents(std::string_view text) : text_(text) {}
+  explicit Contents(std::string_view text) : text_(text) { contents_.cut = true; }
 
   RecordContents Read() {
     while (position_ < text_.size()) {
@@ -86,6 +88,10 @@ class Contents {
       }
     } else if (word == "whole") {  // of a piece whose own mark is damaged
       if (!by_number_.contains(number) && number != last_damaged_) ++contents_.damaged;
+    } else if (word == "lost") {
+      std::size_t count = 0;
+      std::from_chars(number.data(), number.data() + number.size(), count);
+      contents_.lost += std::max(count, std::size_t{1});
     } else if (word == "end") {
       contents_.cut = false;
     } else if (word == "gone" || word == "stayed") {
@@ -128,6 +134,25 @@ class Contents {
   std::map<std::string, std::size_t> by_number_;  // a record that was taken up again counts anew
 };
 
+// What a file holds; empty when it is not there, no value when it can't be read.
+std::optional<std::string> Read(const std::string& path) {
+  if (GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES) return "";
+  return FileSystemObject().ReadAll(path);
+}
+
+// Copies that the list does not tell of.
+std::size_t UnlistedCopies(const std::string& folder, const std::vector<KeptFile>& files) {
+  FileSystemObject::Folder found;
+  if (FileSystemObject().GetFolder(folder, found)) return 0;
+  std::set<std::string> listed;
+  for (const KeptFile& file : files) listed.insert(UpperCase(file.copy));
+  const auto is_unlisted = [&listed](const std::string& name) {
+    return IsNameOfCopy(name) && !listed.contains(UpperCase(name));
+  };
+  const auto& names = found.Files();
+  return static_cast<std::size_t>(std::count_if(names.begin(), names.end(), is_unlisted));
+}
+
 }  // namespace
 
 RecordContents ReadRecordScript(std::string_view bytes) {
@@ -135,19 +160,23 @@ RecordContents ReadRecordScript(std::string_view bytes) {
   const bool marked = bytes.starts_with(kMark);
   std::string text;
   AppendFromUtf16(marked ? bytes.substr(kMark.size()) : bytes, text);
-  RecordContents contents = Contents(text).Read();
-  if (contents.pieces.empty()) contents.cut = true;
-  return contents;
+  return Contents(text).Read();
 }
 
 RecordContents ReadRecord(const std::string& folder) {
+  const std::string script = folder + "\\registry.reg";
+  const auto script_bytes = Read(script);
+  const auto list_text = Read(KeptFilesPath(folder));
+  // Of files alone there is no script.
   RecordContents contents;
-  if (const auto bytes = FileSystemObject().ReadAll(folder + "\\registry.reg")) {
-    contents = ReadRecordScript(*bytes);
-  }
-  KeptFilesList list = ReadKeptFiles(KeptFilesText(folder));
+  if (IsExistingFile(script)) contents = ReadRecordScript(script_bytes.value_or(""));
+  KeptFilesList list = ReadKeptFiles(list_text.value_or(""));
   contents.files = std::move(list.files);
-  contents.damaged += list.damaged;
+  if (!list_text) ++list.damaged;
+  // A line that is not whole and the copy that it told of are one.
+  list.damaged = std::max(list.damaged, UnlistedCopies(folder, contents.files));
+  contents.damaged += list.damaged + (script_bytes ? 0 : 1);
+  if (contents.pieces.empty() && contents.files.empty()) contents.cut = true;
   return contents;
 }
 

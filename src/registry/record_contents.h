@@ -2,6 +2,7 @@
 // whatever stands between.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
 #include <string>
@@ -34,13 +35,17 @@ struct RecordContents {
   std::vector<RecordPiece> pieces;  // in the order in which they were kept
   std::vector<KeptFile> files;
   std::size_t damaged = 0;  // pieces and files that are there in part
-  bool cut = false;         // its end is missing
+  std::size_t lost = 0;     // those that could not be kept; of some, part may be there
+  bool cut = false;         // its end is missing, or all of it
+
+  std::size_t Missing() const { return std::max(damaged, lost); }
+  bool IsWhole() const { return Missing() == 0 && !cut; }
 };
 
 // Any bytes do.
 RecordContents ReadRecordScript(std::string_view bytes);
 
-// Of a record's folder; with no pieces and no files when there is none.
+// Of a record's folder. What is there and can't be read is damaged.
 RecordContents ReadRecord(const std::string& folder);
 
 // What a record holds, for a person.

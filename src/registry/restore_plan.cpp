@@ -68,6 +68,18 @@ void RestorePlan::AddValue(PlannedKey& key, RecordedValue value, bool gone) {
   planned.wanted = standing ? std::move(standing) : std::move(value.value);
 }
 
+bool RestorePlan::Records(const RealKey& key) const {
+  const auto found = keys_.find(Identity(key));
+  return found != keys_.end() && found->second.recorded;
+}
+
+bool RestorePlan::Records(const RealKey& key, std::string_view value_name) const {
+  const auto found = keys_.find(Identity(key));
+  if (found == keys_.end()) return false;
+  const auto value = found->second.values.find(UpperCase(value_name));
+  return value != found->second.values.end() && value->second.recorded;
+}
+
 void RestorePlan::Spare(const RealKey& key) {
   RealKey above = key;
   for (;;) {
@@ -78,12 +90,14 @@ void RestorePlan::Spare(const RealKey& key) {
   }
 }
 
-void RestorePlan::Spare(const RealKey& key, std::string_view value_name) {
+void RestorePlan::Spare(const RealKey& key, std::string_view value_name, bool if_it_stands) {
+  auto standing = Standing(key, value_name);
+  if (!standing && if_it_stands) return;
   PlannedKey& planned = KeyAt(key);
   const auto [found, added] = planned.values.try_emplace(UpperCase(value_name));
   if (!added) return;
   found->second.name = value_name;
-  found->second.wanted = Standing(key, value_name);
+  found->second.wanted = std::move(standing);
 }
 
 std::size_t RestorePlan::KeepReplaced(CompleteRecord& record) const {

@@ -24,10 +24,14 @@ class RestorePlan {
   // Takes a record in whose files lie in that folder. Later pieces count more than earlier ones.
   void Add(RecordContents contents, const std::string& folder);
 
+  // Whether a record that was taken in holds it.
+  bool Records(const RealKey& key) const;
+  bool Records(const RealKey& key, std::string_view value_name) const;
+
   // A place that the plan's owner is about to have changed, and that is to be as it is now, unless
-  // the record knows better.
+  // the record knows better; the latter only if it is there now.
   void Spare(const RealKey& key);
-  void Spare(const RealKey& key, std::string_view value_name);
+  void Spare(const RealKey& key, std::string_view value_name, bool if_it_stands);
 
   // Keeps what stands where something else was deleted and will come back. The number of such
   // values and files.

@@ -1,5 +1,6 @@
 #include "repair/complete_restore.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/file_system_object.h"
@@ -51,18 +52,22 @@ CompleteRestore::CompleteRestore(const std::string& undo_file)
     : folder_(CompleteRecordFolder(undo_file)), replaced_folder_(folder_ + "-replaced") {
   if (!FileSystemObject().FolderExists(folder_)) return;
   RecordContents contents = ReadRecord(folder_);
-  damaged_ = contents.damaged;
+  missing_ = contents.Missing();
   cut_ = contents.cut;
+  // Of a repair that wrote an undo file there are pieces too; else they are what is missing.
+  const bool whole = contents.IsWhole() && !contents.pieces.empty();
   plan_.emplace();
   plan_->Add(std::move(contents), folder_);
-  SpareWhatTheImportTouches(undo_file);
+  SpareWhatTheImportTouches(undo_file, whole);
   CompleteRecord replaced(replaced_folder_);
   replaced_ = plan_->KeepReplaced(replaced);
 }
 
 // The undo file's names lack what the code page lacks, and name the merged classes: the import
-// makes keys and values that never were.
-void CompleteRestore::SpareWhatTheImportTouches(const std::string& undo_file) {
+// makes keys and values that never were. But what a record lacks the undo file may be the last to
+// hold: then what it makes stays, and what stands is kept from it.
+void CompleteRestore::SpareWhatTheImportTouches(const std::string& undo_file,
+                                                bool record_is_whole) {
   const auto bytes = FileSystemObject().ReadAll(undo_file);
   if (!bytes) return;
   try {
@@ -76,9 +81,14 @@ void CompleteRestore::SpareWhatTheImportTouches(const std::string& undo_file) {
           places = PossiblePlaces(key->root, key->path);
         }
       }
+      const bool is_value = line == ScriptReader::Line::kValue;
+      const bool known =
+          record_is_whole || std::any_of(places.begin(), places.end(), [&](const RealKey& place) {
+            return is_value ? plan_->Records(place, script.value().name) : plan_->Records(place);
+          });
       for (const RealKey& place : places) {
-        plan_->Spare(place);
-        if (line == ScriptReader::Line::kValue) plan_->Spare(place, script.value().name);
+        if (known) plan_->Spare(place);
+        if (is_value) plan_->Spare(place, script.value().name, /*if_it_stands=*/!known);
       }
     }
   } catch (const ScriptFault&) {
@@ -92,7 +102,7 @@ void CompleteRestore::Finish(frmMain& window, const StartedProgram* editor) {
   const QuietPage quiet(window);
   const bool editor_ended = editor == nullptr || WaitForEnd(window.front_end, *editor);
   const RestoreOutcome outcome = plan_->PutBack();
-  const std::size_t lost = outcome.failed + damaged_;
+  const std::size_t lost = outcome.failed + missing_;
   std::string text;
   if (lost > 0) {
     text = std::to_string(lost) + " entries could not be put back. The record stays in this list.";

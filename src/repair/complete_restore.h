@@ -26,12 +26,12 @@ class CompleteRestore {
   void Finish(frmMain& window, const StartedProgram* editor);
 
  private:
-  void SpareWhatTheImportTouches(const std::string& undo_file);
+  void SpareWhatTheImportTouches(const std::string& undo_file, bool record_is_whole);
 
   std::string folder_;
   std::string replaced_folder_;
   std::size_t replaced_ = 0;
-  std::size_t damaged_ = 0;
+  std::size_t missing_ = 0;
   bool cut_ = false;
   std::optional<RestorePlan> plan_;
 };

@@ -107,6 +107,7 @@ void RunRepair(frmMain& window) {
   Repair repair(UndoFilePath(window.application.folder));
   const Text told = window.lblRepaired.Caption();
   RepairRows(window, repair);
+  repair.record.End();
   if (window.lblRepaired.Caption() == told) TellOnHomePage(window, repair);
 }
 

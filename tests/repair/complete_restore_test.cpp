@@ -2,12 +2,14 @@
 // the same on both grounds.
 #include "repair/complete_restore.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <string>
 
+#include "helpers/text_helpers.h"
 #include "platform/program_start.h"
 #include "platform/registry_rules.h"
+#include "platform/unique_handle.h"
 #include "registry/exact_registry.h"
 #include "repair/backups.h"
 #include "repair/repair.h"
@@ -53,6 +55,10 @@ struct LivePc : WindowPc {
     front_end.When([this] { return window.mess_box && window.mess_box->cmdYes.Visible(); },
                    [this] { window.mess_box->cmdYes.Click(); });
     window.cmdRestore.Click();
+  }
+  std::string Record() const {
+    return pc.program_folder() + "\\backup\\complete\\" +
+           window.LvBackup.Item(1)->Caption().String();
   }
   std::string Told() const { return window.lblRestored.Caption().String(); }
 };
@@ -109,10 +115,8 @@ TEST(CompleteRestore, APersonCanImportTheRecordWithTheEditor) {
   }
   const ExactSnapshot before = TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey());
   on.RepairBelow("APP", "app");
-  const std::string record = on.window.LvBackup.Item(1)->Caption().String() + "\\registry.reg";
-  const auto editor = StartAndFollow(
-      "regedit /s \"" + on.pc.program_folder() + "\\backup\\complete\\" + record + '"',
-      WindowStyle::kMinimizedFocus);
+  const auto editor = StartAndFollow("regedit /s \"" + on.Record() + "\\registry.reg\"",
+                                     WindowStyle::kMinimizedFocus);
   for (int wait = 0; wait < 200 && !editor->HasEnded(); ++wait) Sleep(50);
   EXPECT_TRUE(TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey()) == before);
 }
@@ -174,6 +178,56 @@ TEST(CompleteRestore, LinksOfOneNameComeBackFromARepairOfLinksAlone) {
                     [&on] { on.window.mess_box->cmdYes.Click(); });
   on.window.cmdRemove.Click();
   EXPECT_EQ(on.window.LvBackup.Count(), 0) << "\"Remove\" takes the record too";
+}
+
+// What the editor has imported stays where the record lacks it, and nobody says that all is back.
+TEST(CompleteRestore, WhatARecordLacksIsToldAndLeftToTheUndoFile) {
+  std::string (*const kDamages[])(const std::string&) = {
+      [](const std::string& script) { return ReplaceAll(script, "v\0\"\0=\0"s, "w\0\"\0=\0"s); },
+      [](const std::string& script) { return script.substr(0, script.find("v\0\"\0=\0"s)); },
+      [](const std::string&) { return ""s; },
+  };
+  for (const auto damage : kDamages) {
+    LivePc on;
+    on.Set("app", "v", kOne);
+    on.Set("app", "stands", kTwo);
+    on.RepairBelow("APP", "app");
+    on.Set("app", "stands", kThree);
+    on.pc.MakeFile(on.Record() + "\\registry.reg",
+                   damage(on.pc.ReadFile(on.Record() + "\\registry.reg")));
+    on.Restore(1);
+    EXPECT_EQ(on.Get("app", "v"), kOne.bytes);
+    EXPECT_EQ(on.Get("app", "stands"), kThree.bytes);
+    EXPECT_THAT(on.Told(), testing::EndsWith("stays in this list."));
+    EXPECT_EQ(on.window.LvBackup.Count(), 1);
+  }
+}
+
+TEST(CompleteRestore, ARecordThatCannotBeReadOrLacksACopyStays) {
+  LivePc on;
+  const std::string link = on.pc.folder() + "\\one\\x.lnk";
+  on.pc.MakeFile(link, "one");
+  on.Repair("SHORTCUTS", link);
+  const std::string list = on.Record() + "\\files.txt";
+  {
+    const UniqueFile alone(CreateFileA(list.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    on.Restore(1);
+    EXPECT_THAT(on.Told(), testing::StartsWith("1 entries could not be put back."));
+  }
+  on.pc.MakeFile(on.Record() + "\\000002.lnk", "two");
+  on.Restore(1);
+  EXPECT_EQ(on.pc.ReadFile(link), "one");
+  EXPECT_THAT(on.Told(), testing::StartsWith("1 entries could not be put back."));
+  DeleteFileA(list.c_str());
+  on.Restore(1);
+  EXPECT_THAT(on.Told(), testing::StartsWith("2 entries could not be put back."));
+  for (const char* const copy : {"\\000001.lnk", "\\000002.lnk"}) {
+    DeleteFileA((on.Record() + copy).c_str());
+  }
+  on.Restore(1);
+  EXPECT_THAT(on.Told(), testing::StartsWith("The record ends early;"));
+  EXPECT_EQ(on.window.LvBackup.Count(), 1);
 }
 
 }  // namespace
