@@ -142,30 +142,6 @@ TEST_F(PushButton, PaintsItsCaptionInTheMiddle) {
   EXPECT_EQ(Extent(0xA1A192), (Rect{22, 9, 57, 17}));
 }
 
-TEST_F(PushButton, KeepsTheCaptionClearOfTheGlyph) {
-  const struct {
-    int dots_per_inch, width, height, glyph_height;
-    Rect glyph;
-    int caption_left;
-  } cases[] = {
-      {96, 80, 26, 16, {3, 5, 19, 21}, 33},  // the middle would be 31
-      {96, 120, 41, 31, {3, 12, 19, 28}, 51},
-      {96, 80, 40, 32, {3, 4, 35, 36}, 33},
-      {192, 140, 80, 16, {6, 24, 38, 56}, 66},
-  };
-  button->SetFont({});
-  button->SetCaption("HHH");
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.dots_per_inch << ' ' << c.width << ' ' << c.glyph_height);
-    button->SetDisplay({.dots_per_inch = c.dots_per_inch});
-    button->SetSize(c.width, c.height);
-    const auto pixels = static_cast<std::size_t>(c.glyph_height);
-    button->SetPicture({1, c.glyph_height, std::vector<std::uint32_t>(pixels, 0xFFFF0000)});
-    EXPECT_EQ(Extent(0xFF0000), c.glyph);
-    EXPECT_EQ(Extent(0x000000).left, c.caption_left);
-  }
-}
-
 // Five cells of 8 by 7 pixels: in cell n a border of 3 pixels in 0x10 + n around n.
 std::string FaceArtwork(std::uint32_t width = 40) {
   using link_bytes::Number;

@@ -14,6 +14,8 @@
 namespace tidemark {
 namespace {
 
+using namespace std::string_literals;
+
 struct Judged {
   std::string text;
   bool valid;
@@ -25,6 +27,7 @@ TEST(CheckValid, JudgesCommandLinesByTheProgramThatTheyStart) {
   pc.MakeFile(base + "\\Program Files\\App\\app.exe");
   pc.MakeFile(base + "\\App.v2\\tool.exe");
   pc.MakeFile(base + "\\Tools\\app.exe");
+  for (const char* name : {"bat.bat", "com.com"}) pc.MakeFile(base + "\\Tools\\" + name);
   pc.MakeFile(base + "\\lib\\codec.dll");
   pc.MakeFile(base + "\\lib\\plain");
   pc.MakeFile(base + "\\Größe Чайка\\app.exe");
@@ -39,6 +42,8 @@ TEST(CheckValid, JudgesCommandLinesByTheProgramThatTheyStart) {
       {"\"" + base + "\\Program Files\\App\\app.exe\" -run", true},
       {"\"" + base + "\\Program Files\\App\\gone.exe\" -run", false},
       {base + "\\Tools\\app", true},  // a program's extension is added
+      {base + "\\Tools\\bat", true},
+      {base + "\\Tools\\com", true},
       {base + "\\Tools\\app -x", false},
       {base + "\\App.v2\\tool.exe", true},
       {base + "\\App.v2\\tool.exe -x", false},  // the folder's dot ends the cut too early
@@ -109,14 +114,20 @@ TEST(CheckValid, WhatCannotBeLookedAtIsNotGone) {
 TEST(CheckValid, FindsBareNamesInTheSystemFoldersAlone) {
   TestPc pc;
   const std::string name = "tm-" + pc.folder().substr(pc.folder().rfind('\\') + 1);
-  const std::string in_system = GetWindowsDir() + "\\system32\\" + name + ".dll";
-  pc.MakeFile(in_system);
+  for (const std::string& file : {"\\system32\\" + name + ".dll", "\\system\\s" + name + ".dll",
+                                  "\\w" + name + ".dll", "\\t.m.dll"s, "\\tmq"s}) {
+    pc.MakeFile(GetWindowsDir() + file);
+  }
   const std::string runner = GetWindowsDir() + "\\System32\\";
   pc.MakeFile(GetWindowsDir() + "\\system32\\rundll32.exe");
   const std::vector<Judged> cases = {
       {name + ".dll", true},
       {name + ".dll /s", true},
-      {name, false},  // no extension is tried in the system folders
+      {"s" + name + ".dll", true},
+      {"w" + name + ".dll", true},
+      {"t.m.dll -x", true},  // its first dot does not count
+      {"tmqx -y", true},     // with no dot, three characters do
+      {name, false},         // no extension is tried in the system folders
       {"%SystemRoot%\\system32\\" + name + ".dll", true},
       {"%SystemRoot%\\system32\\" + name + "-gone.dll", false},
       {"Rundll32 " + name + ".dll,Start", true},

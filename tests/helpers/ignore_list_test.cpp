@@ -17,15 +17,18 @@ TEST(IgnoreList, HasTwentyEntriesWithNoFile) {
   TestPc pc;
   IgnoreList list;
   LoadIgnoreLst(list, pc.program_folder());
-  const std::vector<std::pair<std::string, bool>> cases = {
-      {"\\Software\\Microsoft OFFICE x", true},
-      {"accessories", true},
-      {"C:\\Windows\\Kernel32.dll", true},
-      {"{4A7DED0A-AD25-11D0-98A8-0800361B1103}", true},
-      {"{457F81DE-77B6-446B-B50F-02B92BECD406}", false},
-      {"word", false},
-  };
-  for (const auto& [text, held] : cases) EXPECT_EQ(IsInIngnoreList(list, text), held) << text;
+  for (const char* held :
+       {"\\Software\\Microsoft OFFICE x", "outlook", "PowerPoint", "mstcp", "Kernel32.dll", "excel",
+        "explorer.exe", "SystemRestore", "accessories", "{2559A1F0-21D7-11D4-BDAF-00C04F60B9F0}",
+        "{4A7DED0A-AD25-11D0-98A8-0800361B1103}", "{4C892621-6757-4FE0-AD8C-A6301BE7FBA2}",
+        "{513D916F-2A8E-4F51-AEAB-0CBC76FB1AF8}", "{5DB2625A-54DF-11D0-B6C4-0800091AA605}",
+        "{5F327514-6C5E-4D60-8F16-D07FA08A78ED}", "{74246BFC-4C96-11D0-ABEF-0020AF6B0B7A}",
+        "{35CEC8A3-2BE6-11D2-8773-92E220524153}", "{3DA165B6-CC41-11D2-BDC6-00C04F79EC6B}"}) {
+    EXPECT_TRUE(IsInIngnoreList(list, held)) << held;
+  }
+  for (const char* other : {"{457F81DE-77B6-446B-B50F-02B92BECD406}", "word"}) {
+    EXPECT_FALSE(IsInIngnoreList(list, other)) << other;
+  }
   AddToSafeList(list, pc.program_folder(), "My Key");
   EXPECT_FALSE(IsInIngnoreList(list, "my key")) << "with no file nothing is added";
   EXPECT_FALSE(pc.FileExists(pc.program_folder() + "\\Ignorelst.ini"));

@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
 #include "junk/junk.h"
+#include "tests/support/expected_text.h"
 #include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
@@ -12,26 +15,16 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
+// The selected row comes first with ">", a ticked one with "+".
 Lines Table(const ListView& list) {
   Lines rows;
   for (int index = 1; index <= list.Count(); ++index) {
     const ListItem& row = *list.Item(index);
-    rows.push_back((row.Checked() ? "+" : "-") + row.Caption().String() + "|" +
+    rows.push_back((list.SelectedItem() == &row ? ">" : "") +
+                   std::string(row.Checked() ? "+" : "-") + row.Caption().String() + "|" +
                    row.SubItem(1).String());
   }
   return rows;
-}
-
-TEST(JunkCriteria, ShippedTablesServeWhereNothingIsStored) {
-  WindowPc on;
-  LoadFileTypes(on.window);
-  LoadExcludeFolders(on.window);
-  const Lines types = Table(on.window.lvFileTypes);
-  ASSERT_EQ(types.size(), 14U);
-  EXPECT_EQ(types[12], "+0???????.nch|Temporary Cached newsgroup Data");
-  const Lines folders = Table(on.window.lvExcludeFolders);
-  ASSERT_EQ(folders.size(), 11U);
-  EXPECT_EQ(folders[9], "+\\program files|Application data");
 }
 
 TEST(JunkCriteria, OddStoredTextsLoadAsTheyStand) {
@@ -46,79 +39,92 @@ TEST(JunkCriteria, OddStoredTextsLoadAsTheyStand) {
   EXPECT_EQ(on.window.lvFileTypes.Count(), 0) << "empty is not missing";
 }
 
-TEST(JunkCriteria, EveryChangeIsStoredAndATickToo) {
+TEST(JunkCriteria, AreEditedWithTheseQuestionsAndStoredAtOnce) {
+  // Each with the first row selected. Of a folder's answers the first one is that of the picker.
+  const struct {
+    void (*edit)(frmMain&, int);
+    int button;
+    Lines answers = {};
+    bool yes = false;
+  } kClicks[] = {
+      {EditFileTypes, 4},  // nothing
+      {EditFileTypes, 0, {"*.exe"}},
+      {EditFileTypes, 0, {"exe"}},
+      {EditFileTypes, 0, {","}},
+      {EditFileTypes, 0},  // cancelled
+      {EditFileTypes, 0, {"*.c"}},
+      {EditFileTypes, 0, {" *.EXE ", " capitals; and more "}},
+      {EditFileTypes, 1, {" *.---", "Temporary Files "}},  // as it was
+      {EditFileTypes, 1, {"*.---", "zed"}},
+      {EditFileTypes, 1, {"*.z", "Temporary Files"}, true},
+      {EditFileTypes, 1, {"*.dll"}},
+      {EditFileTypes, 2},
+      {EditFileTypes, 2, {}, true},
+      {EditFileTypes, 3},
+      {EditFileTypes, 3, {}, true},
+      {EditExcludeFolders, 0, {"C:\\Keep", "mine"}},
+      {EditExcludeFolders, 0, {"C:\\Keep"}},
+      {EditExcludeFolders, 0, {"C:\\Keep; and more"}},
+      {EditExcludeFolders, 1, {"", "bin"}, true},  // a cancelled picker keeps the folder
+      {EditExcludeFolders, 1, {"", "bin"}},
+      {EditExcludeFolders, 1, {"C:\\a;b"}},
+      {EditExcludeFolders, 2},
+      {EditExcludeFolders, 2, {}, true},
+      {EditExcludeFolders, 3},
+  };
   WindowPc on;
-  Store("FileTypes", "*.a;*.b");
-  Store("FileDesc", "one;two");
-  Store("FileState", "1;0");
   LoadFileTypes(on.window);
-  on.window.lvFileTypes.UserCheck(*on.window.lvFileTypes.Item(2), true);
-  EXPECT_EQ(Stored("FileState"), "1;1");
-  on.front_end.AnswerInput(" *.EXE ");
-  on.front_end.AnswerInput(" capitals; and more ");
-  EditFileTypes(on.window, 0);
-  EXPECT_EQ(Table(on.window.lvFileTypes), (Lines{"+*.a|one", "+*.b|two", "+*.EXE|capitals"}))
-      << "the second half of the description belongs to a row that is not there";
-  EXPECT_EQ(Stored("FileDesc"), "one;two;capitals; and more");
-  on.window.lvFileTypes.UserSelect(*on.window.lvFileTypes.Item(1));
-  on.front_end.AnswerInput("*.z");
-  on.front_end.AnswerInput("zed");
-  on.front_end.AnswerYesNo(true);
-  EditFileTypes(on.window, 1);
-  EXPECT_EQ(Stored("FileTypes"), "*.z;*.b;*.EXE");
-  for (int rows = 3; rows > 0; --rows) {
-    on.window.lvFileTypes.UserSelect(*on.window.lvFileTypes.Item(1));
-    on.front_end.AnswerYesNo(true);
-    EditFileTypes(on.window, 2);
-  }
-  EXPECT_EQ(Stored("FileTypes"), "");
-  EditFileTypes(on.window, 3);
-  EXPECT_EQ(on.window.lvFileTypes.Count(), 0) << "the question was not answered with yes";
-  on.front_end.AnswerYesNo(true);
-  EditFileTypes(on.window, 3);
-  EXPECT_EQ(on.window.lvFileTypes.Count(), 14);
-}
-
-TEST(JunkCriteria, WhatIsNeverJunkIsRefusedAsIsACancelledQuestion) {
-  for (const char* pattern : {"*.exe", "exe", ".dll", "*", ",", ""}) {
-    WindowPc on;
-    Store("FileTypes", "");
-    LoadFileTypes(on.window);
-    on.front_end.AnswerInput(pattern);
-    EditFileTypes(on.window, 0);
-    EXPECT_EQ(on.window.lvFileTypes.Count(), 0) << pattern;
-    EXPECT_EQ(on.front_end.messages().back(), "Tidemark: This type of files are not junk files.");
-  }
-}
-
-TEST(JunkCriteria, ExcludedFoldersArePickedAndDescribed) {
-  WindowPc on;
-  Store("ExcludeFolder", "");
   LoadExcludeFolders(on.window);
-  on.front_end.AnswerFolder("C:\\Keep");
-  on.front_end.AnswerInput("mine");
-  EditExcludeFolders(on.window, 0);
-  EXPECT_EQ(Stored("ExcludeFolder"), "C:\\Keep");
-  EXPECT_EQ(on.window.lvExcludeFolders.SelectedItem(), on.window.lvExcludeFolders.Item(1));
-  for (const int edit : {0, 1}) {
-    on.front_end.AnswerFolder("C:\\Keep; and more");
-    EditExcludeFolders(on.window, edit);
-    EXPECT_EQ(on.front_end.messages().back(),
-              "Tidemark: A path with \";\" in it can't be kept in this list.");
+  on.window.lvFileTypes.UserCheck(*on.window.lvFileTypes.Item(2), false);
+  Lines seen;
+  Lines told[2];
+  // What the table holds, and what is stored of it, as far as that has changed.
+  const auto tell = [&](bool types) {
+    Lines lines = Table(types ? on.window.lvFileTypes : on.window.lvExcludeFolders);
+    for (const char* name : types ? std::array{"FileTypes", "FileDesc", "FileState"}
+                                  : std::array{"ExcludeFolder", "ExcludeDesc", "ExcludeState"}) {
+      lines.push_back(Stored(name));
+    }
+    for (const std::string& line : lines) {
+      const Lines& before = told[types ? 1 : 0];
+      if (std::count(before.begin(), before.end(), line) == 0) seen.push_back("    " + line);
+    }
+    told[types ? 1 : 0] = lines;
+  };
+  for (const bool types : {true, false}) tell(types);
+  for (const auto& click : kClicks) {
+    const bool types = click.edit == EditFileTypes;
+    ListView& list = types ? on.window.lvFileTypes : on.window.lvExcludeFolders;
+    list.UserSelect(*list.Item(1));
+    seen.push_back((types ? "Types " : "Folders ") + std::to_string(click.button));
+    for (std::size_t index = 0; index < click.answers.size(); ++index) {
+      const bool picked = !types && index == 0;
+      picked ? on.front_end.AnswerFolder(click.answers[index])
+             : on.front_end.AnswerInput(click.answers[index]);
+    }
+    if (click.yes) on.front_end.AnswerYesNo(true);
+    const std::size_t shown = on.front_end.messages().size();
+    click.edit(on.window, click.button);
+    for (std::size_t index = shown; index < on.front_end.messages().size(); ++index) {
+      seen.push_back("  " + on.front_end.messages()[index]);
+    }
+    tell(types);
   }
-  EXPECT_EQ(Stored("ExcludeFolder"), "C:\\Keep");
-  on.front_end.AnswerInput("still mine");
+  for (const MessageIcon icon : on.front_end.icons()) EXPECT_EQ(icon, MessageIcon::kCritical);
+  ExpectLinesOf("junk/expected_criteria.txt", seen);
+}
+
+TEST(JunkCriteria, AnEmptiedTableStaysEmpty) {
+  WindowPc on;
+  Store("FileTypes", "*.a");
+  LoadFileTypes(on.window);
+  on.window.lvFileTypes.UserSelect(*on.window.lvFileTypes.Item(1));
   on.front_end.AnswerYesNo(true);
-  EditExcludeFolders(on.window, 1);
-  EXPECT_EQ(Table(on.window.lvExcludeFolders), Lines{"+C:\\Keep|still mine"})
-      << "a cancelled folder dialog keeps the folder";
-  EXPECT_EQ(on.window.lvExcludeFolders.SelectedItem(), on.window.lvExcludeFolders.Item(1))
-      << "the edited row";
-  on.front_end.AnswerYesNo(true);
-  EditExcludeFolders(on.window, 2);
-  EXPECT_EQ(Stored("ExcludeFolder"), "");
-  EditExcludeFolders(on.window, 3);
-  EXPECT_EQ(on.window.lvExcludeFolders.Count(), 0) << "there is no revert for folders";
+  EditFileTypes(on.window, 2);
+  LoadFileTypes(on.window);
+  EXPECT_EQ(Table(on.window.lvFileTypes), Lines{});
+  for (const int button : {1, 2}) EditFileTypes(on.window, button);
+  EXPECT_EQ(on.front_end.messages().size(), 1U) << "no row is selected";
 }
 
 }  // namespace

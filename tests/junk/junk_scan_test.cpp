@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "junk/junk.h"
+#include "platform/unique_handle.h"
+#include "tests/support/expected_text.h"
 #include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
@@ -35,15 +37,6 @@ class JunkPc : public WindowPc {
     root = pc.folder() + "\\junk";
     pc.MakeFolder(root);
   }
-  // Paths below the root.
-  Lines Found() {
-    Lines found;
-    for (const std::string& row : WindowPc::Rows(window.lvJunkFiles, {0})) {
-      found.push_back(row.substr(root.size() + 1));
-    }
-    std::sort(found.begin(), found.end());
-    return found;
-  }
   void Scan() {
     window.lvJunkFiles.Clear();
     ScanFolder(window, root);
@@ -66,29 +59,13 @@ TEST(JunkScan, TellsHowManyFilesAreTickedAndTheirSize) {
   EXPECT_EQ(on.window.lblJunkTicked.Caption(), "Ticked : 2, 1.4 MB");
 }
 
-TEST(JunkScan, AFileHasARowForEachPatternThatItMatches) {
-  JunkPc on;
-  for (const char* name : {"~y.tmp", "deep\\er\\e.bak", "keep\\below\\a.tmp"}) {
-    on.pc.MakeFile(on.root + "\\" + name);
-  }
-  on.window.lvExcludeFolders.Add({}, "JUNK\\KEEP");
-  on.Scan();
-  EXPECT_EQ(on.Found(), (Lines{"deep\\er\\e.bak", "~y.tmp", "~y.tmp"}));
-  EXPECT_EQ(on.window.lvJunkFiles.Item(1)->SubItem(1), "1") << "bytes";
-  EXPECT_TRUE(on.window.lvJunkFiles.Item(1)->Checked());
-  EXPECT_EQ(AttributeLetters(0xFF), "HLRAS");
-  on.window.SelectedFileTypes.clear();
-  on.Scan();
-  EXPECT_EQ(on.Found(), Lines{}) << "no pattern is ticked";
-}
-
 TEST(JunkScan, AFolderWhosePathMeansItsNamesakeIsNotEntered) {
   JunkPc on;
   on.pc.MakeFile(on.root + "\\name\\a.tmp");
   for (const char* folder : {"\\name.", "\\name "})
     on.pc.MakeDeepFile(on.root + folder + "\\a.tmp");
   on.Scan();
-  EXPECT_EQ(on.Found(), Lines{"name\\a.tmp"});
+  EXPECT_EQ(WindowPc::Rows(on.window.lvJunkFiles, {0}), Lines{on.root + "\\name\\a.tmp"});
 }
 
 TEST(JunkScan, ASortedListIsFilledInItsOrder) {
@@ -149,18 +126,111 @@ TEST(JunkScan, StopsAtTheNextTestAndKeepsWhatWasFound) {
   EXPECT_TRUE(on.window.StopRequested);
 }
 
-TEST(JunkScan, TheWholeScanShowsItsPanelsAndSaysHowManyThereAre) {
-  JunkPc on;
-  cmdCleanJunk_Click(on.window);
-  on.window.tvDrives.Clear();
-  on.window.cmdJunkScan.Click();
-  EXPECT_EQ(on.front_end.messages(),
-            Lines{"Tidemark: Please Select the drives before pressing Scan Button"});
-  EXPECT_EQ(on.window.lblJunkStatus.Caption(), "Scanning complete: Total 0 Junk Files Founds");
-  EXPECT_TRUE(on.window.picJunkScan.Visible());
-  EXPECT_FALSE(on.window.picScaningJunk.Visible());
-  on.window.cmdJunkFile(5).Click();
-  EXPECT_EQ(on.window.picJunkScan.Place().left, 10000);
+// Watches a session: each state that differs from the one before is a line.
+struct Session : JunkPc {
+  std::string State() {
+    frmMain& of = window;
+    std::string state = of.lblJunkStatus.Caption().String();
+    if (of.picScaningJunk.Visible()) state += " | at work";
+    if (of.Animation2.Playing()) state += " | plays";
+    for (int index = 0; index < of.cmdJunkFile.Count(); ++index) {
+      if (index == 0 || of.cmdJunkFile(index).Visible() != of.cmdJunkFile(0).Visible()) {
+        state += of.cmdJunkFile(index).Visible() ? " | buttons" : " | no buttons";
+      }
+    }
+    const ProgressBar& bar = of.PbarRemoveJunk;
+    if (bar.Visible()) {
+      state += " | " + std::to_string(bar.Value()) + " of " + std::to_string(bar.Max());
+    }
+    return state;
+  }
+  void See() {
+    if (seen.empty() || seen.back() != State()) seen.push_back(State());
+  }
+  void Watch() {
+    front_end.When([] { return true; },
+                   [this] {
+                     See();
+                     Watch();
+                   });
+  }
+  // With the day of the last change: the moment of the making is the host's.
+  void Do(const std::string& what, const std::function<void()>& action) {
+    seen.push_back("# " + what);
+    action();
+    See();
+    for (int index = 1; index <= window.lvJunkFiles.Count(); ++index) {
+      const ListItem& row = *window.lvJunkFiles.Item(index);
+      std::string line = row.Checked() ? "  +" : "  -";
+      line += row.Caption().String() + "|" + row.SubItem(1).String() + "|" +
+              row.SubItem(2).String() + "|" + row.SubItem(4).String().substr(0, 9) + "|" +
+              row.SubItem(5).String();
+      seen.push_back(line);
+      EXPECT_NE(row.SubItem(3), row.SubItem(4));
+    }
+  }
+  void Plant(const std::string& file, DWORD attributes, std::string_view contents) {
+    pc.MakeFile(file, contents);
+    const UniqueFile made(
+        CreateFileA(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    const FILETIME day{0, 0x01C70000};  // in November 2006
+    EXPECT_TRUE(SetFileTime(made.Get(), nullptr, nullptr, &day));
+    SetFileAttributesA(file.c_str(), attributes);
+  }
+
+  Lines seen;
+};
+
+TEST(JunkScan, ASessionOnDrivesOfItsOwn) {
+  if (!TestPc::CanFault()) GTEST_SKIP() << "the drive has files of its own";
+  Session on;
+  frmMain& window = on.window;
+  for (const char drive : {'D', 'E', 'F'}) on.pc.SetDrive(drive, "fixed");
+  on.Plant("D:\\top.tmp", FILE_ATTRIBUTE_ARCHIVE, "12345");
+  on.Plant("D:\\a\\~x.txt", FILE_ATTRIBUTE_HIDDEN, "1");
+  on.Plant("D:\\a\\~a.bak.exe", FILE_ATTRIBUTE_ARCHIVE, "1");
+  on.Plant("D:\\a\\unticked.bak", FILE_ATTRIBUTE_ARCHIVE, "1");
+  on.Plant("D:\\kept\\deep\\x.tmp", FILE_ATTRIBUTE_ARCHIVE, "1");
+  on.Plant("E:\\unticked.tmp", FILE_ATTRIBUTE_ARCHIVE, "1");
+  on.Plant("F:\\b\\y.tmp", FILE_ATTRIBUTE_ARCHIVE, "12");
+  on.Plant("F:\\b\\z.tmp", FILE_ATTRIBUTE_ARCHIVE, "123");
+  window.lvExcludeFolders.Add({}, "\\KEPT");
+  window.lvFileTypes.Item(3)->SetChecked(false);
+  on.Watch();
+  on.Do("no drive", [&] {
+    window.cmdCleanJunk.Click();
+    window.cmdJunkScan.Click();
+  });
+  for (const int drive : {2, 4}) window.tvDrives.UserCheck(*window.tvDrives.Node(drive), true);
+  window.lvJunkFiles.Add({}, "left from the scan before");
+  window.StopRequested = true;
+  on.Do("D and F", [&] { window.cmdJunkScan.Click(); });
+  on.Do("sorted by size", [&] { window.lvJunkFiles.UserColumnClick(2); });
+  window.lvJunkFiles.UserSelect(*window.lvJunkFiles.Item(1));
+  window.lvJunkFiles.UserDoubleClick();
+  EXPECT_EQ(on.pc.OpenedByShell(), Lines{"properties|D:\\a\\~x.txt|||5"});
+  on.Do("none", [&] { window.cmdJunkFile(1).Click(); });
+  on.Do("remove the ticked", [&] { window.cmdJunkFile(3).Click(); });
+  window.lvJunkFiles.UserCheck(*window.lvJunkFiles.Item(2), true);
+  on.Do("invert", [&] { window.cmdJunkFile(2).Click(); });
+  on.Do("remove the ticked", [&] { window.cmdJunkFile(3).Click(); });
+  on.Do("all", [&] { window.cmdJunkFile(0).Click(); });
+  on.Do("remove all", [&] { window.cmdJunkFile(4).Click(); });
+  for (const int type : {1, 2}) window.lvFileTypes.Item(type)->SetChecked(false);
+  on.Do("no type", [&] { window.cmdJunkScan.Click(); });
+  EXPECT_EQ(AttributeLetters(0xFF), "HLRAS");
+  window.lvJunkFiles.Add({}, "D:\\gone");
+  int left = 0;
+  window.lblOptions(3).Clicked.Bind([&left] { ++left; });
+  window.cmdJunkFile(5).Click();
+  EXPECT_EQ(left, 1);
+  EXPECT_EQ(window.lvJunkFiles.Count(), 0);
+  EXPECT_EQ(window.picJunkScan.Place().left, 10000);
+  for (const Lines& lines : {on.pc.Recycled(), on.front_end.messages(), {Stored("Drives")}}) {
+    on.seen.insert(on.seen.end(), lines.begin(), lines.end());
+  }
+  EXPECT_EQ(on.front_end.icons(), std::vector{MessageIcon::kNone});
+  ExpectLinesOf("junk/expected_session.txt", on.seen);
 }
 
 TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
@@ -184,19 +254,6 @@ TEST(JunkDrives, TicksAreStoredAndOpticalDrivesAreNotShown) {
   ASSERT_EQ(nodes.size(), 3U) << "no optical drive";
   EXPECT_EQ(nodes["O"]->Caption(), "Network (O:)");
   EXPECT_EQ(nodes["N"]->Caption(), "Network (\\\\server\\docs:)");
-}
-
-TEST(JunkRemoval, RowsAreTickedTogetherAndOnlyTickedOnesGo) {
-  JunkPc on;
-  for (const char* name : {"1.tmp", "2.tmp"}) on.pc.MakeFile(on.root + "\\" + name);
-  on.Scan();
-  for (const int button : {1, 3}) cmdJunkFile_Click(on.window, button);
-  EXPECT_EQ(on.window.lvJunkFiles.Count(), 2) << "nothing is ticked";
-  cmdJunkFile_Click(on.window, 2);
-  on.window.lvJunkFiles.Item(2)->SetChecked(false);
-  cmdJunkFile_Click(on.window, 3);
-  EXPECT_EQ(on.pc.FileNames(on.root), Lines{"2.tmp"});
-  EXPECT_FALSE(on.window.PbarRemoveJunk.Visible());
 }
 
 }  // namespace

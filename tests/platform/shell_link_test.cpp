@@ -68,35 +68,6 @@ TEST(ShellLink, TheTargetIsWhatTheFileSays) {
   }
 }
 
-TEST(ShellLink, WhatIsNoLinkLeavesTheFieldsAlone) {
-  TestPc pc;
-  const std::string folder = pc.folder() + "\\";
-  pc.MakeFile(folder + "empty.lnk", "");
-  pc.MakeFile(folder + "text.lnk",
-              "This is no link, but it is long enough for the header of one, "
-              "and for some bytes more behind it.");
-  pc.MakeFile(folder + "cut.lnk", kEmptyLink.substr(0, 40));
-  pc.MakeFolder(folder + "folder.lnk");
-  struct Case {
-    std::string file;
-    LinkStatus status;
-  };
-  for (const Case& test : {Case{folder + "empty.lnk", LinkStatus::kFailed},
-                           {folder + "text.lnk", LinkStatus::kFailed},
-                           {folder + "cut.lnk", LinkStatus::kFailed},
-                           {folder + "missing.lnk", LinkStatus::kNoItem},
-                           {folder + "no folder\\x.lnk", LinkStatus::kNoItem},
-                           {folder + "folder.lnk", LinkStatus::kNoItem},
-                           {"text.lnk", LinkStatus::kNoItem},
-                           {"", LinkStatus::kNoItem}}) {
-    LinkFields fields{.target = "as it was"};
-    EXPECT_EQ(ReadLinkFile(test.file, fields), test.status) << test.file;
-    EXPECT_EQ(fields.target, "as it was") << test.file;
-    EXPECT_EQ(ChangeLinkFile(test.file, {.target = "C:\\x"}), test.status) << test.file;
-  }
-  EXPECT_EQ(pc.ReadFile(folder + "cut.lnk"), kEmptyLink.substr(0, 40));
-}
-
 TEST(ShellLink, NoDamageToALinkDoesMoreThanSpoilIt) {
   TestPc pc;
   const std::string file = pc.folder() + "\\x.lnk";

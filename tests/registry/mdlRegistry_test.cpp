@@ -32,6 +32,7 @@ Enumerated ValueNamed(const std::string& wanted) {
 TEST(Registry, SettingsAreTextAndEverythingElseGivesTheDefault) {
   TestPc pc;
   SaveRegString(HKEY_CURRENT_USER, kKey, "empty", "");
+  pc.SetBinary(HKEY_CURRENT_USER, kKey, "nothing", "", REG_SZ);
   SaveRegString(HKEY_CURRENT_USER, kKey, "cut", "ab\0cd"s);
   SaveRegString(HKEY_CURRENT_USER, kKey, "text", "\xC3\xA4");
   pc.SetDword(HKEY_CURRENT_USER, kKey, "number", 5);
@@ -39,7 +40,7 @@ TEST(Registry, SettingsAreTextAndEverythingElseGivesTheDefault) {
   const auto read = [](const char* name) {
     return GetRegString(HKEY_CURRENT_USER, kKey, name, "default");
   };
-  EXPECT_EQ(read("empty"), "");
+  for (const char* empty : {"empty", "nothing"}) EXPECT_EQ(read(empty), "");
   EXPECT_EQ(read("cut"), "ab");
   EXPECT_EQ(read("text"), "\xC3\xA4");
   for (const char* no_text : {"number", "expand", "none"}) EXPECT_EQ(read(no_text), "default");
@@ -102,8 +103,13 @@ TEST(Registry, AKeyThatDeniesAccessExists) {
   pc.SetText(HKEY_CURRENT_USER, kKey, "x", "secret");
   pc.DenyKey(std::string("HKEY_CURRENT_USER\\") + kKey);
   EXPECT_TRUE(RegKeyExists(HKEY_CURRENT_USER, kKey));
-  EXPECT_EQ(OpenRegKey(HKEY_CURRENT_USER, kKey), nullptr);
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, kKey, "x", "default"), "default");
+  // It is opened for all that can be done below it, but not to be deleted itself.
+  for (REGSAM right = 1; right <= 0x40000; right *= 2) {
+    pc.AllowAll();
+    pc.DenyKey(std::string("HKEY_CURRENT_USER\\") + kKey, right);
+    EXPECT_EQ(!UniqueKey(OpenRegKey(HKEY_CURRENT_USER, kKey)), (right & 0x2003F) != 0) << right;
+  }
 }
 
 }  // namespace

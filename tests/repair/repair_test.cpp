@@ -86,20 +86,20 @@ TEST(Repair, TakesTheKeyOrTheValueThatATestStandsFor) {
 
 TEST(Repair, KeepsTheRowsThatWereUnticked) {
   RepairPc on;
-  for (const char* name : {"a", "b", "c"}) on.pc.SetText(HKEY_CURRENT_USER, "Made", name, "data");
+  for (const char* name : {"a", "b", ""}) on.pc.SetText(HKEY_CURRENT_USER, "Made", name, "data");
   on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", "a", "data", "1", "0"});
   on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", "b", "data", "1", "no number"});
-  on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", "c", "data", "1", "1"});
+  on.AddFinding({"STARTUP", "HKEY_CURRENT_USER\\Made", "", "data", "1", ""});
   on.window.SeverityCounts = {0, 0, 3, 0, 0};
   cmdFix_Click(on.window);
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "a"), "data");
   EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "b", "gone"), "gone");
-  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "c", "gone"), "gone");
+  EXPECT_EQ(GetRegString(HKEY_CURRENT_USER, "Made", "", "gone"), "gone");
   EXPECT_EQ(on.window.SeverityCounts[2], 1);
   EXPECT_EQ(on.UndoText(),
             "REGEDIT4\r\n\r\n"
             "[HKEY_CURRENT_USER\\Made]\r\n\"b\"=\"data\"\r\n\r\n"
-            "[HKEY_CURRENT_USER\\Made]\r\n\"c\"=\"data\"\r\n\r\n");
+            "[HKEY_CURRENT_USER\\Made]\r\n@=\"data\"\r\n\r\n");
   EXPECT_EQ(on.window.lvInvalidLoc.Count(), 3);
   EXPECT_TRUE(on.window.picWelcome.Visible());
 }
@@ -201,6 +201,7 @@ TEST(Repair, ABrokenLinkIsKeptInTheBackupFolder) {
   const std::string link = on.pc.folder() + "\\Menu\\Gone.lnk";
   on.pc.MakeFile(link, "a link");
   SetFileAttributesA(link.c_str(), FILE_ATTRIBUTE_READONLY);
+  on.pc.MakeFile(on.pc.program_folder() + "\\backup\\Gone.lnk", "one of the same name");
   on.AddFinding({"SHORTCUTS", link, "Gone", "C:\\gone.exe", ""});
   cmdFix_Click(on.window);
   EXPECT_EQ(GetFileAttributesA(link.c_str()), DWORD{INVALID_FILE_ATTRIBUTES});

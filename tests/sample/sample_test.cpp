@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -14,6 +13,7 @@
 #include "shell/wiring.h"
 #include "startup/startup.h"
 #include "tests/support/exact_snapshot.h"
+#include "tests/support/expected_text.h"
 #include "tests/support/registry_snapshot.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/window_pc.h"
@@ -52,17 +52,9 @@ struct SamplePc {
   frmMain window;
 };
 
-void ExpectLinesOf(const std::string& name, const std::vector<std::string>& rows) {
-  std::ifstream file(fs::path(TIDEMARK_SOURCE_FOLDER) / "tests/sample" / name);
-  std::vector<std::string> expected;
-  for (std::string line; std::getline(file, line);) expected.push_back(line);
-  ASSERT_EQ(rows.size(), expected.size());
-  for (std::size_t row = 0; row < rows.size(); ++row) EXPECT_EQ(rows[row], expected[row]);
-}
-
 TEST(Sample, ShowsTheFindingsThatItsReadmeTells) {
   SamplePc on;
-  ExpectLinesOf("expected_rows.txt", on.Findings());
+  ExpectLinesOf("sample/expected_rows.txt", on.Findings());
   EXPECT_EQ(on.window.lvFound.Count(), 12) << "one row for each diagnostic test";
 }
 
@@ -94,7 +86,7 @@ TEST(Sample, ListsWhatStartsWithItFromAllSources) {
   SamplePc on;
   on.window.cmdMenuAdvanced.Click();
   on.window.lblOptions(2).Click();
-  ExpectLinesOf("expected_programs.txt", on.Programs());
+  ExpectLinesOf("sample/expected_programs.txt", on.Programs());
   // What is switched off and on again is as it was, but for the two keys of win.ini.
   const std::vector<std::string> before = on.Programs();
   const RegistrySnapshot registry = TakeSnapshot();
@@ -123,7 +115,8 @@ TEST(Sample, ListsTheJunkThatItsReadmeTells) {
     on.window.tvDrives.UserCheck(*on.window.tvDrives.Node(drive), true);
   }
   on.window.cmdJunkScan.Click();
-  ExpectLinesOf("expected_junk.txt", WindowPc::Rows(on.window.lvJunkFiles, {0, 1, 2, 5}, '\t'));
+  ExpectLinesOf("sample/expected_junk.txt",
+                WindowPc::Rows(on.window.lvJunkFiles, {0, 1, 2, 5}, '\t'));
 }
 
 }  // namespace

@@ -13,6 +13,13 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
+std::string Icons(const ListView& list) {
+  std::string icons;
+  for (int row = 1; row <= list.Count(); ++row)
+    icons += std::to_string(list.Item(row)->SmallIcon());
+  return icons;
+}
+
 // A PC with one problem in Interfaces, two in Startup, one in Help.
 struct ScanPc : WindowPc {
   ScanPc() {
@@ -36,6 +43,8 @@ TEST(Scan, ShowsFindingsByTestAndSeverityAndStoresItsStatistics) {
   EXPECT_EQ(WindowPc::Rows(on.window.lvFound, {0, 1, 2}),
             (Rows{"Interfaces|1|Severe", "Startup|2|Elevated", "Help Files|1|Low"}));
   EXPECT_EQ(on.window.SeverityCounts, (std::array<std::int32_t, 5>{1, 0, 2, 0, 1}));
+  EXPECT_EQ(Icons(on.window.lvFound), "135");
+  EXPECT_EQ(Icons(on.window.lvScan), std::string(12, '2'));
   EXPECT_EQ(on.window.lvScan.Item("SHORTCUTS")->SubItem(1), "Finished");
   EXPECT_EQ(on.window.lblFound.Caption(), "Problems Found : 4");
   EXPECT_EQ(on.window.lvProblems.Count(), 1) << "the first test's findings are shown";
@@ -61,7 +70,7 @@ TEST(Scan, WithNothingCheckedStillFinishesWithTheOldCount) {
             (Rows{"Tidemark: No diagnostic test,  please select test to scan"}));
   EXPECT_EQ(Stored("TotalCount"), "17");
   EXPECT_TRUE(on.window.picClear.Visible());
-  EXPECT_NE(Stored("LastRunDate"), "none");
+  for (const char* told : {"LastRunDate", "LastRunTime"}) EXPECT_NE(Stored(told), "none");
 }
 
 TEST(Scan, AStopKeepsWhatWasFoundAndLeavesTheRestPending) {
@@ -70,6 +79,7 @@ TEST(Scan, AStopKeepsWhatWasFoundAndLeavesTheRestPending) {
   on.front_end.When([&on] { return on.window.lvInvalidLoc.Count() == 2; },
                     [&on] {
                       EXPECT_TRUE(on.window.cmdStop.Visible() && !on.window.cmdScan.Visible());
+                      EXPECT_EQ(on.window.lvScan.Container()->Controls().back(), &on.window.lvScan);
                       on.window.cmdStop.Click();
                     });
   cmdScan_Click(on.window);
@@ -77,6 +87,7 @@ TEST(Scan, AStopKeepsWhatWasFoundAndLeavesTheRestPending) {
   EXPECT_EQ(WindowPc::Rows(on.window.lvScan, {0, 1, 2}),
             (Rows{"Interfaces|Finished|1", "Startup|Aborted|1", "Application Paths|Pending|",
                   "Software Removal|Pending|", "Help Files|Pending|"}));
+  EXPECT_EQ(WindowPc::Rows(on.window.lvFound, {0, 1}), (Rows{"Interfaces|1", "Startup|1"}));
   EXPECT_EQ(Stored("LastCount"), "2");
 }
 
@@ -165,7 +176,9 @@ TEST(Locations, EveryTickIsSavedAtOnce) {
 
 TEST(Findings, TheMasterListSortsInTurnsAndNamesItsKeyInKeystrokes) {
   WindowPc on;
-  for (const char* name : {"b", "a"}) {
+  // The root is no part of what is held against the list, the backslash behind it is.
+  on.window.IgnoreList.slots = {"hkey_", "\\x c", ""};
+  for (const char* name : {"b", "c", "a"}) {
     AddtoList(on.window, HKEY_CURRENT_USER, "X", name, "", REG_SZ, "reason");
   }
   on.window.lvInvalidLoc.UserColumnClick(2);

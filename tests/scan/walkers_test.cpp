@@ -10,6 +10,7 @@
 #include "helpers/system_helpers.h"
 #include "registry/mdlRegistry.h"
 #include "scan/scan.h"
+#include "scan/walk.h"
 #include "tests/support/settings.h"
 #include "tests/support/window_pc.h"
 
@@ -28,7 +29,7 @@ struct ClassCase {
 TEST(ScanClassKey, FollowsTheChainForEachValue) {
   const std::vector<ClassCase> cases = {
       {"", "", "B:\\gone folder\\x.dll", "Invalid path"},
-      {"InprocServer32", "", "Q:\\gone folder\\x.dll", ""},
+      {"Other", "TypeLib", "Q:\\gone folder\\x.dll", ""},
       {"InprocServer32", "", "bare.dll", ""},
       {"TypeLib", "", "", "no value for TypeLib"},
       {"TYPELIB", "", "{GONE}", "Points to missing TypeLib"},
@@ -66,6 +67,21 @@ TEST(ScanClassKey, FollowsTheChainForEachValue) {
     const Rows expected =
         *one.reason == '\0' ? Rows{} : Rows{std::string(one.name) + "|" + one.reason};
     EXPECT_EQ(on.NamesAndReasons(), expected) << one.key << " / " << one.name << " / " << one.data;
+  }
+}
+
+TEST(Walk, TellsPathsToCheckAndTheClassTreesFromTheRest) {
+  for (const char* path : {"A:\\x", "p:\\x", ":\\x", "-x \"C:\\y", "Q C:\\"}) {
+    EXPECT_TRUE(HoldsPathToCheck(path)) << path;
+  }
+  for (const char* none : {"Q:\\x", "Q:\\x C:\\y", "1:\\x", "C:/x", "C:x", "x", ""}) {
+    EXPECT_FALSE(HoldsPathToCheck(none)) << none;
+  }
+  for (const char* tree : {"x\\Software\\Classes\\y", "Interface", "typelib", "CLSID"}) {
+    EXPECT_TRUE(IsInClassTree(tree)) << tree;
+  }
+  for (const char* other : {"Software", "Interface\\x", "CLSID2", "", ".a"}) {
+    EXPECT_FALSE(IsInClassTree(other)) << other;
   }
 }
 
@@ -114,50 +130,6 @@ TEST(ScanPathKey, ReportsWhatIsGoneInAnyDepthInRegistryOrder) {
                   "HKEY_CURRENT_USER\\" + kRun + "|g mstcp|1",
                   "HKEY_CURRENT_USER\\" + kRun + "\\Sub\\Deep||1"}));
   EXPECT_EQ(on.window.ProblemCount, 4);
-}
-
-TEST(ScanUninstallKey, ReadsOnlyTextAndOneLevel) {
-  WindowPc on;
-  const std::string key = "Software\\Uninst";
-  const std::string gone = on.pc.folder() + "\\gone.exe";
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\A", "UninstallString", gone);
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\A\\Deep", "UninstallString", gone);
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\B", "UninstallString", gone, REG_EXPAND_SZ);
-  on.pc.MakeKey(HKEY_LOCAL_MACHINE, key + "\\C");
-  ScanUninstallKey(on.window, HKEY_LOCAL_MACHINE, key);
-  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {0, kValueName, kValueData, kValueType}),
-            (Rows{"HKEY_LOCAL_MACHINE\\" + key + "\\A|UnInstallString|" + gone + "|0"}));
-  EXPECT_EQ(on.window.lblstatus.Caption(), key + "\\\\C");
-}
-
-TEST(ScanSharedDllKey, JudgesTheNamesNotTheData) {
-  WindowPc on;
-  const std::string key = "Software\\Shared";
-  on.pc.MakeFile(on.pc.folder() + "\\there.dll");
-  on.pc.SetDword(HKEY_LOCAL_MACHINE, key, on.pc.folder() + "\\gone.dll", 2);
-  on.pc.SetDword(HKEY_LOCAL_MACHINE, key, on.pc.folder() + "\\there.dll", 1);
-  on.pc.SetDword(HKEY_LOCAL_MACHINE, key, "S:\\gone.dll", 1);  // no drive test here
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key + "\\Sub", "  ", on.pc.folder() + "\\gone.dll");
-  on.pc.SetDword(HKEY_LOCAL_MACHINE, key + "\\Sub", "gone.dll", 1);
-  ScanSharedDllKey(on.window, HKEY_LOCAL_MACHINE, key);
-  EXPECT_EQ(
-      WindowPc::Rows(on.window.lvInvalidLoc, {kValueName, kValueData, kReason}),
-      (Rows{on.pc.folder() + "\\gone.dll|2|Shared file doesn't exists",
-            "S:\\gone.dll|1|Shared file doesn't exists", "gone.dll|1|Shared file doesn't exists"}));
-}
-
-TEST(ScanFontKey, PutsTheFontsFolderAheadOfAnyData) {
-  WindowPc on;
-  const std::string key = "Software\\MyFonts";
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Empty", "");
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Gone", "gone-font.ttf");
-  const std::string fonts = GetSpecialFolderPath(CSIDL_FONTS);
-  on.pc.MakeFile(fonts + "\\tm-there.ttf");
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Here", "tm-there.ttf");
-  on.pc.SetText(HKEY_LOCAL_MACHINE, key, "Whole path", fonts + "\\tm-there.ttf");
-  ScanFontKey(on.window, HKEY_LOCAL_MACHINE, key);
-  EXPECT_EQ(WindowPc::Rows(on.window.lvInvalidLoc, {kValueData, kReason}),
-            (Rows{"gone-font.ttf|Invalid Font", fonts + "\\tm-there.ttf|Invalid Font"}));
 }
 
 TEST(ScanAssocRoot, FindsFileTypesThatAreMissingEmptyOrBroken) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "helpers/system_helpers.h"
@@ -59,7 +60,8 @@ TEST(Startup, ListsEverySourceInOrderAndTheDisabledOnesBehindEach) {
   on.pc.SetDword(HKEY_CURRENT_USER, kRun + "Once", "number", 1);
   on.pc.SetText(HKEY_CURRENT_USER, "-" + kRun, "user off", "C:\\gone.exe");
   on.pc.SetText(HKEY_LOCAL_MACHINE, kRun, "machine run", "m.exe");
-  for (const char* key : {"RunOnceEx", "RunOnceEx\\0001", "RunServices", "RunServicesOnce"}) {
+  for (const char* key :
+       {"RunOnce", "RunOnceEx", "RunOnceEx\\0001", "RunServices", "RunServicesOnce"}) {
     on.pc.SetText(HKEY_LOCAL_MACHINE, once + key, key, "x");
   }
   WriteIniValue("Windows", "Load", "C:\\Apps\\tool.exe /x", on.win_ini);
@@ -72,6 +74,7 @@ TEST(Startup, ListsEverySourceInOrderAndTheDisabledOnesBehindEach) {
                    "user off|C:\\gone.exe|Registry\\Current User\\Run|Disabled|Reg",
                    "number||Registry\\Current User\\Run Once|Enabled|Reg",
                    "machine run|m.exe|Registry\\All Users\\Run|Enabled|Reg",
+                   "RunOnce|x|Registry\\All Users\\Run Once|Enabled|Reg",
                    "RunOnceEx|x|Registry\\All Users\\Run Once Ex|Enabled|Reg",
                    "RunServices|x|Registry\\All Users\\Run Services|Enabled|Reg",
                    "RunServicesOnce|x|Registry\\All Users\\Run Services Once|Enabled|Reg",
@@ -82,6 +85,17 @@ TEST(Startup, ListsEverySourceInOrderAndTheDisabledOnesBehindEach) {
   EXPECT_TRUE(on.Row("user run").Checked() && !on.Row("user off").Checked());
   on.window.lvPrograms.UserSelect(on.Row("tool"));
   EXPECT_EQ(on.window.lvPrograms.ToolTipText(), "C:\\Apps\\tool.exe /x");
+}
+
+TEST(Startup, ALocationTellsItsKey) {
+  for (const auto& [location, root, key] :
+       {std::tuple{"REGISTRY\\all users\\Run", HKEY_LOCAL_MACHINE, ""},
+        {"Registry\\Current User\\Run Once", HKEY_CURRENT_USER, "RunOnce"},
+        {"Win.ini\\Run", HKEY_CURRENT_USER, ""}}) {
+    EXPECT_EQ(GetHKey(location), root) << location;
+    const std::string path = GetSubKey(location);
+    EXPECT_EQ(path.substr(path.rfind('\\') + 1), key) << location;
+  }
 }
 
 TEST(Startup, ThePageMarksWhatIsBrokenAndItsOwnEntryAndOffersWhatCanBeDone) {
@@ -158,22 +172,53 @@ TEST(Startup, AnEntryThatCannotBeMovedStaysAndSaysSo) {
 }
 
 TEST(Startup, WinIniKeepsAWordInsteadOfTheCommandAndLoadIsLost) {
+  // A live command and a disabled one, the row that is switched or deleted, and what the sections
+  // Windows, SM_Disabled and SM_DisabledWindows hold then.
+  constexpr bool kDelete = true;
+  const struct {
+    const char *key, *live, *off, *row;
+    bool what;
+    const char* left;
+  } kCases[] = {
+      {"Run", "C:\\gone\\r.exe", "", "r", !kDelete, "|No|"},
+      {"Load", "C:\\Windows", "C:\\o.exe", "Windows", !kDelete, "|C:\\o.exe|Yes"},
+      {"Run", "C:\\l.exe", "C:\\gone\\r.exe", "r", !kDelete, "No||"},
+      {"Load", "C:\\l.exe", "C:\\gone\\r.exe", "r", !kDelete, "No||"},
+      {"Run", "C:\\l.exe", "C:\\r.exe", "r", kDelete, "C:\\l.exe||"},
+      {"Load", "C:\\l.exe", "C:\\r.exe", "r", kDelete, "C:\\l.exe||"},
+      {"Load", "C:\\l.exe", "C:\\r.exe", "l", kDelete, "|C:\\r.exe|"},
+  };
+  for (const auto& one : kCases) {
+    StartupPc on;
+    WriteIniValue("Windows", one.key, one.live, on.win_ini);
+    WriteIniValue("SM_Disabled", one.key, one.off, on.win_ini);
+    loadPrograms(on.window);
+    if (one.what == kDelete) {
+      DeleteProgram(on.window, on.Row(one.row));
+    } else {
+      on.Tick(one.row, !on.Row(one.row).Checked());
+    }
+    std::string left;
+    for (const char* section : {"Windows", "SM_Disabled", "SM_DisabledWindows"}) {
+      left +=
+          (left.empty() && *section == 'W' ? "" : "|") + ReadIniValue(section, one.key, on.win_ini);
+    }
+    EXPECT_EQ(left, one.left) << one.key << ' ' << one.row;
+  }
+}
+
+TEST(Startup, AWinIniThatCanNotBeWrittenLeavesTheRow) {
   StartupPc on;
-  WriteIniValue("Windows", "Load", "C:\\Windows\\notepad.exe", on.win_ini);
-  WriteIniValue("Windows", "Run", "C:\\gone\\r.exe", on.win_ini);
+  if (!on.pc.CanFault()) GTEST_SKIP() << "only a hosted PC can deny a file";
+  for (const char* key : {"Load", "Run"}) WriteIniValue("Windows", key, key, on.win_ini);
   loadPrograms(on.window);
-  const std::string exists = on.Row("notepad").SubItem(kExists).String();
-  on.Tick("notepad", false);
-  on.Tick("r", false);
-  EXPECT_EQ(ReadIniValue("SM_Disabled", "Run", on.win_ini), "No");
-  EXPECT_EQ(ReadIniValue("Windows", "Run", on.win_ini), "");
-  EXPECT_EQ(ReadIniValue("SM_Disabled", "Load", on.win_ini), "");
-  EXPECT_EQ(ReadIniValue("SM_DisabledWindows", "Load", on.win_ini), exists);
-  EXPECT_EQ(on.Row("r").SubItem(kEnabled), "Disabled");
-  on.Tick("r", true);
-  EXPECT_EQ(ReadIniValue("Windows", "Run", on.win_ini), "No");
-  loadPrograms(on.window);
-  EXPECT_EQ(on.Programs(), Lines{}) << "\"No\" is no program, and nothing reads the other section";
+  const Lines before = on.Programs();
+  on.pc.DenyFile(on.win_ini);
+  for (const char* row : {"Load", "Run"}) on.Tick(row, false);
+  EXPECT_EQ(on.front_end.messages(),
+            (Lines{"Program can't be disabled: Unable to disable program",
+                   "Program can not be disabled: Unable to disable program"}));
+  EXPECT_EQ(on.Programs(), before);
 }
 
 TEST(Startup, AFileOfAStartupFolderMovesAndIsLostWithoutAStore) {
@@ -217,6 +262,13 @@ TEST(Startup, ALinkIsWrittenMovedAndDeletedByItsName) {
   EXPECT_TRUE(on.pc.FileExists(store));
   DeleteProgram(on.window, on.Row("tool"));
   EXPECT_FALSE(on.pc.FileExists(store));
+  on.pc.MakeFile(live, "another");
+  AddtoRunList(on.window, "tool", "C:\\Windows", "Startup Folder\\All Users", true, "Lnk");
+  AddNew(on.window, on.Row("tool"));
+  EXPECT_EQ(on.front_end.messages(),
+            (Lines{"Tidemark: The link file: \"" + live + "\" exists. Replace it?",
+                   "New item creation failour: Unable to add new item"}));
+  EXPECT_EQ(on.pc.ReadFile(live), "another");
 }
 
 TEST(Startup, WhatWasDeletedOrOverwrittenIsPutBack) {

@@ -114,21 +114,6 @@ TEST(OptionButton, IsTheOnlyChosenOneOfItsContainer) {
   EXPECT_TRUE(other.Value());
 }
 
-// The program itself selects nothing in its text boxes.
-TEST(TextBox, SelectsAndReplacesWholeCharacters) {
-  TextBox box(nullptr, "box");
-  box.SetText("a\xC3\xA4\xE2\x82\xAC");  // 1 byte, 2 and 3
-  std::string seen;
-  box.Changed.Bind(
-      [&] { seen += box.Text().String() + '@' + std::to_string(box.SelStart()) + ' '; });
-  box.SetSelStart(2);
-  box.SetSelLength(2);
-  EXPECT_EQ(box.SelStart(), 1);
-  EXPECT_EQ(box.SelLength(), 2);
-  box.SetSelText("2");
-  EXPECT_EQ(seen, "a2\xE2\x82\xAC@2 ") << "its state has changed when it says so";
-}
-
 TEST(Controls, APersonReachesOnlyWhatIsEnabled) {
   Form form("form");
   PictureBox panel(&form, "panel");
