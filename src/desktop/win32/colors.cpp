@@ -34,7 +34,7 @@ COLORREF BorderColor() { return SystemColorsOnly() ? GetSysColor(COLOR_WINDOWFRA
 COLORREF ColorOf(unsigned color) {
   if ((color & kSystemColor) != 0) return GetSysColor(static_cast<int>(color & 0xFF));
   if (color == kWhite) return PanelColor();
-  if (color == 0) return PanelTextColor();
+  if (color == 0 || SystemColorsOnly()) return PanelTextColor();
   return color;
 }
 

@@ -14,7 +14,8 @@ COLORREF PanelTextColor();
 // A hairline around panels and lists.
 COLORREF BorderColor();
 // A control's colour as design data writes it: 0x00BBGGRR, or a system colour's number with the top
-// bit set. White and black are the panels' two colours.
+// bit set. White is the panels' colour and black that of their texts, as is any other one where
+// only the system's colours count.
 COLORREF ColorOf(unsigned color);
 
 void FillWith(HDC context, const RECT& area, COLORREF color);

@@ -6,6 +6,7 @@
 #include "desktop/win32/colors.h"
 #include "desktop/win32/gdi_objects.h"
 #include "platform/windows/wide_text.h"
+#include "toolkit/access_key.h"
 #include "toolkit/list_view.h"
 // It wants the platform's headers before it.
 #include <oleacc.h>
@@ -21,6 +22,18 @@ UINT TextFormat(HDC context, const RECT& area, std::string_view text) {
   if (area.bottom - area.top >= 2 * metric.tmHeight) return DT_NOPREFIX | DT_WORDBREAK;
   const bool is_path = text.find('\\') != std::string_view::npos;
   return DT_NOPREFIX | DT_SINGLELINE | (is_path ? DT_PATH_ELLIPSIS : DT_END_ELLIPSIS);
+}
+
+constexpr unsigned kSystemHighlight = 0x80000000U + COLOR_HIGHLIGHT;
+
+COLORREF TextColor(const Label& label) {
+  return label.Enabled() ? ColorOf(label.ForeColor()) : GetSysColor(COLOR_GRAYTEXT);
+}
+
+// Without the picture that it was meant for, a label's colour tells only which of several is up.
+COLORREF ColorInWords(const Label& label) {
+  return label.ForeColor() == kSystemHighlight ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                               : PanelTextColor();
 }
 
 void PaintText(HDC context, RECT area, const Text& text) {
@@ -60,11 +73,13 @@ void LabelPeer::PaintOn(HDC context, const RECT& area) {
   }
   // What lies beneath an area to click on is told by a picture, if there is one.
   const bool in_words = caption_.empty() && Clickable() && SystemColorsOnly();
-  const Text& text = in_words ? label_.AccessibleName() : caption_;
+  if (in_words && label_.ForeColor() == kSystemHighlight) {
+    FillWith(context, area, GetSysColor(COLOR_HIGHLIGHT));
+  }
+  const Text text = in_words ? Text(ShowCaption(label_.AccessibleName().View()).text) : caption_;
   if (!text.empty()) {
     const Selection font(context, resources_.FontOf(label_.Font()));
-    SetTextColor(context,
-                 label_.Enabled() ? ColorOf(label_.ForeColor()) : GetSysColor(COLOR_GRAYTEXT));
+    SetTextColor(context, in_words ? ColorInWords(label_) : TextColor(label_));
     SetBkMode(context, TRANSPARENT);
     if (label_.heads != nullptr) {
       PaintHeadings(context, area);
