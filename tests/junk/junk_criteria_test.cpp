@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "helpers/text_helpers.h"
 #include "junk/junk.h"
 #include "tests/support/expected_text.h"
 #include "tests/support/settings.h"
@@ -40,38 +41,15 @@ TEST(JunkCriteria, OddStoredTextsLoadAsTheyStand) {
 }
 
 TEST(JunkCriteria, AreEditedWithTheseQuestionsAndStoredAtOnce) {
-  // Each with the first row selected. Of a folder's answers the first one is that of the picker.
-  const struct {
-    void (*edit)(frmMain&, int);
-    int button;
-    Lines answers = {};
-    bool yes = false;
-  } kClicks[] = {
-      {EditFileTypes, 4},  // nothing
-      {EditFileTypes, 0, {"*.exe"}},
-      {EditFileTypes, 0, {"exe"}},
-      {EditFileTypes, 0, {","}},
-      {EditFileTypes, 0},  // cancelled
-      {EditFileTypes, 0, {"*.c"}},
-      {EditFileTypes, 0, {" *.EXE ", " capitals; and more "}},
-      {EditFileTypes, 1, {" *.---", "Temporary Files "}},  // as it was
-      {EditFileTypes, 1, {"*.---", "zed"}},
-      {EditFileTypes, 1, {"*.z", "Temporary Files"}, true},
-      {EditFileTypes, 1, {"*.dll"}},
-      {EditFileTypes, 2},
-      {EditFileTypes, 2, {}, true},
-      {EditFileTypes, 3},
-      {EditFileTypes, 3, {}, true},
-      {EditExcludeFolders, 0, {"C:\\Keep", "mine"}},
-      {EditExcludeFolders, 0, {"C:\\Keep"}},
-      {EditExcludeFolders, 0, {"C:\\Keep; and more"}},
-      {EditExcludeFolders, 1, {"", "bin"}, true},  // a cancelled picker keeps the folder
-      {EditExcludeFolders, 1, {"", "bin"}},
-      {EditExcludeFolders, 1, {"C:\\a;b"}},
-      {EditExcludeFolders, 2},
-      {EditExcludeFolders, 2, {}, true},
-      {EditExcludeFolders, 3},
-  };
+  // The first row is selected each time: which table's editor, its button, the answers ("yes" to a
+  // question); of a folder's answers the first one is that of the picker.
+  constexpr const char* kClicks =
+      "Types|4\nTypes|0|*.exe\nTypes|0|exe\nTypes|0|,\nTypes|0\nTypes|0|*.c\n"
+      "Types|0| *.EXE | capitals; and more \nTypes|1| *.---|Temporary Files \n"
+      "Types|1|*.---|zed\nTypes|1|*.z|Temporary Files|yes\nTypes|1|*.dll\nTypes|2\nTypes|2|yes\n"
+      "Types|3\nTypes|3|yes\nFolders|0|C:\\Keep|mine\nFolders|0|C:\\Keep\n"
+      "Folders|0|C:\\Keep; and more\nFolders|1||bin|yes\nFolders|1||bin\nFolders|1|C:\\a;b\n"
+      "Folders|2\nFolders|2|yes\nFolders|3";
   WindowPc on;
   LoadFileTypes(on.window);
   LoadExcludeFolders(on.window);
@@ -92,19 +70,23 @@ TEST(JunkCriteria, AreEditedWithTheseQuestionsAndStoredAtOnce) {
     told[types ? 1 : 0] = lines;
   };
   for (const bool types : {true, false}) tell(types);
-  for (const auto& click : kClicks) {
-    const bool types = click.edit == EditFileTypes;
+  for (const std::string& click : Split(kClicks, '\n')) {
+    const Lines parts = Split(click, '|');
+    const bool types = parts[0] == "Types";
     ListView& list = types ? on.window.lvFileTypes : on.window.lvExcludeFolders;
     list.UserSelect(*list.Item(1));
-    seen.push_back((types ? "Types " : "Folders ") + std::to_string(click.button));
-    for (std::size_t index = 0; index < click.answers.size(); ++index) {
-      const bool picked = !types && index == 0;
-      picked ? on.front_end.AnswerFolder(click.answers[index])
-             : on.front_end.AnswerInput(click.answers[index]);
+    for (std::size_t index = 2; index < parts.size(); ++index) {
+      if (parts[index] == "yes") {
+        on.front_end.AnswerYesNo(true);
+      } else if (!types && index == 2) {
+        on.front_end.AnswerFolder(parts[index]);
+      } else {
+        on.front_end.AnswerInput(parts[index]);
+      }
     }
-    if (click.yes) on.front_end.AnswerYesNo(true);
+    seen.push_back(click);
     const std::size_t shown = on.front_end.messages().size();
-    click.edit(on.window, click.button);
+    (types ? EditFileTypes : EditExcludeFolders)(on.window, std::stoi(parts[1]));
     for (std::size_t index = shown; index < on.front_end.messages().size(); ++index) {
       seen.push_back("  " + on.front_end.messages()[index]);
     }

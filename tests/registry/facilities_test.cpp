@@ -80,6 +80,9 @@ TEST(RegistryClass, ListsMakesDeletesAndTellsWhatFails) {
   registry.SetValueType(REG_MULTI_SZ);
   EXPECT_EQ(Raised([&] { registry.SetValue("7"s); }),
             "Failed to set registry value Key: '" + place + ",Key: 'name' to value: '7'");
+  registry.SetSectionKey(std::string(300, 'x'));
+  EXPECT_EQ(Raised([&] { registry.CreateKey(); }),
+            "Failed to create registry Key: '" + std::string(300, 'x') + "'");
   registry.SetSectionKey("None");
   EXPECT_EQ(Raised([&] { registry.DeleteValue(); }),
             "Failed to open key '-2147483647',Section: 'None' for delete access");
@@ -89,6 +92,10 @@ TEST(RegistryClass, MakesAFileTypeInBothTrees) {
   TestPc pc;
   cRegistry registry;
   EXPECT_NE(Raised([&] { registry.CreateAdditionalEXEAssociations("T", {"a", "b", "c"}); }), "");
+  // Where the user has a file type of that name the classes show and take his own.
+  for (const char* own : {".tt", "T"}) {
+    pc.MakeKey(HKEY_CURRENT_USER, std::string("Software\\Classes\\") + own);
+  }
   registry.CreateEXEAssociation({.program_path = " C:\\p.exe ",
                                  .class_name = "T",
                                  .class_description = "Type",
@@ -133,7 +140,7 @@ TEST(IniAccess, DeletesAnIniFileAlone) {
   ScriptFrontEnd front_end;
   clsIni ini(front_end);
   for (const char* name : {"\\a.txt", "\\a.ini"}) pc.MakeFile(pc.folder() + name);
-  for (const char* name : {"\\a.txt", "\\a.ini", "\\a.ini"}) {
+  for (const char* name : {"\\a.ini", "\\a.txt", "\\a.ini"}) {
     ini.SetIniPath(pc.folder() + name);
     ini.DeleteIni();
   }
