@@ -203,6 +203,7 @@ constexpr DWORD FILE_ATTRIBUTE_SYSTEM = 0x04;
 constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
 constexpr DWORD FILE_ATTRIBUTE_ARCHIVE = 0x20;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
+constexpr DWORD FILE_ATTRIBUTE_NOT_CONTENT_INDEXED = 0x2000;
 constexpr DWORD FILE_APPEND_DATA = 0x0004;
 constexpr DWORD FILE_WRITE_ATTRIBUTES = 0x0100;
 constexpr DWORD GENERIC_READ = 0x80000000;
@@ -228,6 +229,9 @@ BOOL SetFileTime(HANDLE file, const FILETIME* created, const FILETIME* accessed,
 BOOL CloseHandle(HANDLE handle);
 BOOL DeleteFileA(LPCSTR path);
 BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists);
+constexpr DWORD MOVEFILE_REPLACE_EXISTING = 0x1;
+constexpr DWORD MOVEFILE_WRITE_THROUGH = 0x8;
+BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags);
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES* security);
 BOOL RemoveDirectoryA(LPCSTR path);
 DWORD GetFullPathNameA(LPCSTR path, DWORD size, LPSTR full, LPSTR* name);

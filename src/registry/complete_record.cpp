@@ -105,6 +105,21 @@ void CompleteRecord::KeepFile(const std::string& path) {
   if (!keeps_file_) ++failures_;
 }
 
+void CompleteRecord::KeepValueOf(const RealKey& key, const std::string& name,
+                                 const ExactValue& value) {
+  broken_ = incomplete_ = false;
+  Begin(key, name);
+  WriteKey(FullName(key));
+  writer_.StoredValue(name, value.type, value.bytes);
+  EndPiece();
+  FinishKeeping();
+}
+
+void CompleteRecord::KeepFileOf(const KeptFile& file, std::string_view bytes) {
+  keeps_file_ = MakeFolder() && files_.Keep(file, bytes);
+  if (!keeps_file_) ++failures_;
+}
+
 bool CompleteRecord::MakeFolder() {
   // Most often it is there. The folder above may be missing; the one above that is the caller's.
   const DWORD attributes = GetFileAttributesA(folder_.c_str());
@@ -238,7 +253,8 @@ bool CompleteRecord::SomeAreGone() const {
 void CompleteRecord::Replaced() {
   if (std::exchange(keeps_file_, false)) files_.Replaced();
   if (pieces_.empty()) return;
-  broken_ = false;
+  if (incomplete_ && !broken_) ++failures_;
+  broken_ = incomplete_ = false;
   for (const Piece& piece : pieces_) writer_.Comment("gone " + std::to_string(piece.number));
   writer_.Flush();
   Forget();

@@ -39,6 +39,9 @@ class CompleteRecord {
   void KeepKey(HKEY root, std::string_view sub_key);
   void KeepValue(HKEY root, std::string_view sub_key, std::string_view name);
   void KeepFile(const std::string& path);
+  // What another record holds; Replaced follows.
+  void KeepValueOf(const RealKey& key, const std::string& name, const ExactValue& value);
+  void KeepFileOf(const KeptFile& file, std::string_view bytes);
   // After it: notes what of that has gone.
   void Deleted();
   // Instead: what was kept is about to be replaced, so its return may replace what stands then.

@@ -16,7 +16,8 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kGone = "gone";
 constexpr DWORD kSettable = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN |
-                            FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE;
+                            FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                            FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
 
 std::uint64_t NumberOf(FILETIME time) {
   return std::uint64_t{time.dwHighDateTime} << 32U | time.dwLowDateTime;
@@ -48,6 +49,11 @@ bool TakeDetails(KeptFile& file) {
   file.accessed = found.ftLastAccessTime;
   file.written = found.ftLastWriteTime;
   return true;
+}
+
+DWORD SettableOf(const KeptFile& file) {
+  const DWORD attributes = file.attributes & kSettable;
+  return attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes;
 }
 
 std::string LineOf(const KeptFile& file) {
@@ -91,6 +97,40 @@ bool WriteNew(const std::string& path, std::string_view bytes) {
   return file && WriteBytes(file.Get(), bytes) && FlushFileBuffers(file.Get()) != FALSE;
 }
 
+// The same in the folder of that path, under a name that nothing has; the new path, or an empty
+// one. The name is shorter than any link's.
+std::string WriteBeside(const std::string& path, std::string_view bytes) {
+  const std::string folder = path.substr(0, path.find_last_of("\\/:") + 1);
+  std::string beside;
+  for (int number = 0;
+       beside.empty() || GetFileAttributesA(beside.c_str()) != INVALID_FILE_ATTRIBUTES; ++number) {
+    beside = folder + "~" + std::to_string(number);
+  }
+  if (WriteNew(beside, bytes)) return beside;
+  DeleteFileA(beside.c_str());
+  return "";
+}
+
+void SetTimes(const std::string& path, const KeptFile& file) {
+  const UniqueFile open(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (open) SetFileTime(open.Get(), &file.created, &file.accessed, &file.written);
+}
+
+// A read-only file can't be replaced; one that could not be is as it was.
+bool Replace(const std::string& from, const std::string& path) {
+  KeptFile standing;
+  standing.path = path;
+  const bool stands = TakeDetails(standing);
+  if (stands) SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (MoveFileExA(from.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
+      FALSE) {
+    return true;
+  }
+  if (stands) SetFileAttributesA(path.c_str(), SettableOf(standing));
+  return false;
+}
+
 void MakeFoldersAbove(const std::string& path) {
   for (auto end = path.find('\\', 3); end != std::string::npos; end = path.find('\\', end + 1)) {
     CreateDirectoryA(path.substr(0, end).c_str(), nullptr);
@@ -103,19 +143,24 @@ KeptFiles::KeptFiles(std::string folder)
     : folder_(std::move(folder)), list_(KeptFilesPath(folder_), {}, std::string(kLineEnd)) {}
 
 bool KeptFiles::Keep(const std::string& path) {
+  KeptFile file;
+  file.path = path;
   last_ = {};
-  last_.path = path;
-  if (path.find_first_of("\t\r\n") != std::string::npos || !TakeDetails(last_)) return false;
+  if (path.find_first_of("\t\r\n") != std::string::npos || !TakeDetails(file)) return false;
   const auto bytes = FileSystemObject().ReadAll(path);
-  if (!bytes) return false;
-  last_.size_bytes = bytes->size();
-  last_.checksum = ChecksumOf(*bytes);
+  return bytes && Keep(std::move(file), *bytes);
+}
+
+bool KeptFiles::Keep(KeptFile file, std::string_view bytes) {
+  last_ = std::move(file);
+  last_.size_bytes = bytes.size();
+  last_.checksum = ChecksumOf(bytes);
   do {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "%06u", ++number_);
-    last_.copy = std::string(number.data()).append(Extension(path));
+    last_.copy = std::string(number.data()).append(Extension(last_.path));
   } while (FileSystemObject().FileExists(folder_ + "\\" + last_.copy));
-  return WriteNew(folder_ + "\\" + last_.copy, *bytes) &&
+  return WriteNew(folder_ + "\\" + last_.copy, bytes) &&
          list_.Append(LineOf(last_).append(kLineEnd)) && list_.Flush();
 }
 
@@ -170,30 +215,23 @@ bool ReadCopy(const std::string& folder, const KeptFile& file, std::string& byte
 bool StandsAsKept(const KeptFile& file, std::string_view bytes) {
   KeptFile standing;
   standing.path = file.path;
-  return TakeDetails(standing) && standing.attributes == file.attributes &&
+  return TakeDetails(standing) && SettableOf(standing) == SettableOf(file) &&
          NumberOf(standing.written) == NumberOf(file.written) &&
          FileSystemObject().ReadAll(file.path) == bytes;
 }
 
 bool PutBackFile(const KeptFile& file, std::string_view bytes) {
   MakeFoldersAbove(file.path);
-  SetFileAttributesA(file.path.c_str(), FILE_ATTRIBUTE_NORMAL);
-  bool whole = false;
-  {
-    const UniqueFile back(CreateFileA(file.path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!back) return false;
-    if (WriteBytes(back.Get(), bytes) && FlushFileBuffers(back.Get()) != FALSE) {
-      SetFileTime(back.Get(), &file.created, &file.accessed, &file.written);
-      whole = true;
-    }
-  }
-  if (!whole) {
-    DeleteFileA(file.path.c_str());
+  const std::string beside = WriteBeside(file.path, bytes);
+  if (beside.empty()) return false;
+  SetTimes(beside, file);
+  if (!Replace(beside, file.path)) {
+    DeleteFileA(beside.c_str());
     return false;
   }
-  const DWORD attributes = file.attributes & kSettable;
-  SetFileAttributesA(file.path.c_str(), attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes);
+  // The platform may have given it the time of making of the one that stood there.
+  SetTimes(file.path, file);
+  SetFileAttributesA(file.path.c_str(), SettableOf(file));
   return true;
 }
 

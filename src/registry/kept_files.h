@@ -33,6 +33,8 @@ class KeptFiles {
 
   // Copies the file; it and its line in the list are on the disk when this returns true.
   bool Keep(const std::string& path);
+  // The same for what another record has kept.
+  bool Keep(KeptFile file, std::string_view bytes);
   // To be called after the deletion; notes, and tells, whether the last one has gone.
   bool Deleted();
   // Instead: it is about to be replaced.
@@ -64,7 +66,7 @@ bool ReadCopy(const std::string& folder, const KeptFile& file, std::string& byte
 bool StandsAsKept(const KeptFile& file, std::string_view bytes);
 
 // Puts the file back to where it was, with its folders, times and attributes. False when that
-// can't be done whole; what stood there before is then gone.
+// can't be done whole; what stood there before still does then.
 bool PutBackFile(const KeptFile& file, std::string_view bytes);
 
 }  // namespace tidemark

@@ -16,7 +16,14 @@ namespace tidemark {
 
 struct RestoreOutcome {
   RecordCounts put_back;
-  std::size_t failed = 0;  // keys, values and files
+  std::size_t failed = 0;      // keys, values and files
+  std::size_t left_alone = 0;  // of which something else stands that no deletion is known of
+};
+
+// What a restore takes the place of, and has therefore kept in a record of its own.
+struct ReplacedCounts {
+  std::size_t newer = 0;    // stood there
+  std::size_t earlier = 0;  // came before another one of its name in the same record
 };
 
 class RestorePlan {
@@ -33,18 +40,23 @@ class RestorePlan {
   void Spare(const RealKey& key);
   void Spare(const RealKey& key, std::string_view value_name, bool if_it_stands);
 
-  // Keeps what stands where something else was deleted and will come back. The number of such
-  // values and files.
-  std::size_t KeepReplaced(CompleteRecord& record) const;
+  // Keeps what stands where something else was deleted and will come back, and what will not come
+  // back because the record holds a later one. What can't be kept is left as it stands, and counts
+  // as failed.
+  ReplacedCounts KeepReplaced(CompleteRecord& record);
 
   RestoreOutcome PutBack() const;
 
  private:
   struct PlannedValue {
     std::string name;
-    std::optional<ExactValue> wanted;  // none: there is to be no such value
-    bool recorded = false;
+    std::optional<ExactValue> recorded;
+    std::optional<ExactValue>
+        standing;  // if that is to be there afterwards; or there is to be none
+    bool stays = false;
     std::size_t number = 0;  // in the order in which the record holds them
+
+    const std::optional<ExactValue>& Wanted() const { return stays ? standing : recorded; }
   };
   struct PlannedKey {
     RealKey key;
@@ -58,13 +70,23 @@ class RestorePlan {
   void PutBackValues(const PlannedKey& planned, RestoreOutcome& outcome) const;
   void PutBackFiles(RestoreOutcome& outcome) const;
 
-  // By identity: those above come before those below.
-  std::map<std::string, PlannedKey> keys_;
   struct PlannedFile {
     KeptFile file;
     std::string folder;
+    bool stays = false;
   };
+  void AddFile(PlannedFile file);
+  std::size_t KeepEarlier(CompleteRecord& record);
+  bool WillReplace(const PlannedFile& planned) const;
+
+  // By identity: those above come before those below.
+  std::map<std::string, PlannedKey> keys_;
   std::vector<PlannedFile> files_;
+  std::map<std::string, std::size_t> file_at_;  // the last one, by path in capitals
+  std::vector<RecordedKey> earlier_values_;
+  std::vector<PlannedFile> earlier_files_;
+  std::size_t not_kept_ = 0;
+  std::size_t left_alone_ = 0;
 };
 
 }  // namespace tidemark

@@ -41,6 +41,17 @@ bool WaitForEnd(FrontEnd& front_end, const StartedProgram& program) {
   return true;
 }
 
+// Each restore has one of its own for what it takes the place of.
+std::string NewReplacedFolder(const std::string& folder) {
+  constexpr const char* kReplaced = "-replaced";
+  const std::string base = folder.substr(0, folder.find(kReplaced, folder.rfind('\\'))) + kReplaced;
+  std::string free = base;
+  for (int number = 2; FileSystemObject().FolderExists(free); ++number) {
+    free = base + std::to_string(number);
+  }
+  return free;
+}
+
 }  // namespace
 
 std::string CompleteRecordFolder(const std::string& undo_file) {
@@ -49,7 +60,7 @@ std::string CompleteRecordFolder(const std::string& undo_file) {
 }
 
 CompleteRestore::CompleteRestore(const std::string& undo_file)
-    : folder_(CompleteRecordFolder(undo_file)), replaced_folder_(folder_ + "-replaced") {
+    : folder_(CompleteRecordFolder(undo_file)) {
   if (!FileSystemObject().FolderExists(folder_)) return;
   RecordContents contents = ReadRecord(folder_);
   missing_ = contents.Missing();
@@ -59,8 +70,12 @@ CompleteRestore::CompleteRestore(const std::string& undo_file)
   plan_.emplace();
   plan_->Add(std::move(contents), folder_);
   SpareWhatTheImportTouches(undo_file, whole);
-  CompleteRecord replaced(replaced_folder_);
+  const std::string replaced_folder = NewReplacedFolder(folder_);
+  CompleteRecord replaced(replaced_folder);
   replaced_ = plan_->KeepReplaced(replaced);
+  replaced.End();
+  // What could not be kept has not been replaced.
+  if (replaced_.newer + replaced_.earlier == 0) RemoveRecord(replaced_folder);
 }
 
 // The undo file's names lack what the code page lacks, and name the merged classes: the import
@@ -106,6 +121,10 @@ void CompleteRestore::Finish(frmMain& window, const StartedProgram* editor) {
   std::string text;
   if (lost > 0) {
     text = std::to_string(lost) + " entries could not be put back. The record stays in this list.";
+  } else if (outcome.left_alone > 0) {
+    text = std::to_string(outcome.left_alone) +
+           " entries were left alone, for others stand in their places. The record stays in this "
+           "list.";
   } else if (cut_) {
     text = "The record ends early; what is in it was put back. It stays in this list.";
   } else if (!editor_ended) {
@@ -113,8 +132,11 @@ void CompleteRestore::Finish(frmMain& window, const StartedProgram* editor) {
   } else {
     RemoveRecord(folder_);
     text = "Everything was put back as it was.";
-    if (replaced_ > 0) {
-      text += " " + std::to_string(replaced_) + " newer entries are kept in this list.";
+    for (const auto& [count, what] :
+         {std::pair(replaced_.newer, " newer"), std::pair(replaced_.earlier, " earlier")}) {
+      if (count == 0) continue;
+      text.append(" ").append(std::to_string(count)).append(what);
+      text += " entries are kept in this list.";
     }
   }
   window.lblRestored.SetCaption(text);

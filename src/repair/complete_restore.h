@@ -29,8 +29,7 @@ class CompleteRestore {
   void SpareWhatTheImportTouches(const std::string& undo_file, bool record_is_whole);
 
   std::string folder_;
-  std::string replaced_folder_;
-  std::size_t replaced_ = 0;
+  ReplacedCounts replaced_;
   std::size_t missing_ = 0;
   bool cut_ = false;
   std::optional<RestorePlan> plan_;

@@ -141,8 +141,9 @@ void StartupRecord::KeepIniValues(const std::string& key,
   if (any) KeepEntry(lines);
 }
 
-void StartupRecord::KeepReplaced(const RestorePlan& plan) {
-  if (plan.KeepReplaced(record_) > 0) KeepEntry("");
+void StartupRecord::KeepReplaced(RestorePlan& plan) {
+  const ReplacedCounts kept = plan.KeepReplaced(record_);
+  if (kept.newer + kept.earlier > 0) KeepEntry("");
 }
 
 void StartupRecord::KeepEntry(const std::string& line) {

@@ -24,7 +24,7 @@ class StartupRecord {
   void KeepFile(const std::string& path);
   void KeepIniValues(const std::string& key, const std::vector<std::string>& sections);
   // What stands where the plan puts something else.
-  void KeepReplaced(const RestorePlan& plan);
+  void KeepReplaced(RestorePlan& plan);
   void Deleted() { record_.Deleted(); }
 
  private:

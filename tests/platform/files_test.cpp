@@ -103,6 +103,28 @@ TEST(Files, ReadOnlyFilesCantBeChangedUntilTheyAreNoLongerThat) {
   }
 }
 
+TEST(Files, AFileIsMovedOverAnotherWithItsAttributes) {
+  TestPc pc;
+  const std::string from = pc.folder() + "\\from.txt";
+  const std::string to = pc.folder() + "\\to.txt";
+  const auto move = [&](DWORD flags) {
+    return ErrorOf([&] { return MoveFileExA(from.c_str(), to.c_str(), flags); });
+  };
+  for (const bool existed : {false, true}) {
+    pc.MakeFile(from, existed ? "new" : "old");
+    ASSERT_TRUE(SetFileAttributesA(from.c_str(), FILE_ATTRIBUTE_READONLY));
+    if (existed) {
+      EXPECT_EQ(move(0), DWORD{ERROR_ALREADY_EXISTS});
+      EXPECT_EQ(move(MOVEFILE_REPLACE_EXISTING), DWORD{ERROR_ACCESS_DENIED});
+      ASSERT_TRUE(SetFileAttributesA(to.c_str(), FILE_ATTRIBUTE_NORMAL));
+    }
+    EXPECT_EQ(move(MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH), 0U);
+    EXPECT_EQ(pc.ReadFile(to), existed ? "new" : "old");
+    EXPECT_NE(GetFileAttributesA(to.c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+    EXPECT_FALSE(pc.FileExists(from));
+  }
+}
+
 TEST(Files, OpenFilesAreShared) {
   TestPc pc;
   const std::string file = pc.folder() + "\\shared.txt";

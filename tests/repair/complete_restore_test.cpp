@@ -230,5 +230,78 @@ TEST(CompleteRestore, ARecordThatCannotBeReadOrLacksACopyStays) {
   EXPECT_EQ(on.window.LvBackup.Count(), 1);
 }
 
+// A record made by hand: "app\\v" and a link, one after the other, of each of those values.
+struct HandMade : LivePc {
+  std::string link = pc.folder() + "\\one\\x.lnk";
+
+  void Make(const ExactValue& value) {
+    Set("app", "v", value);
+    SetFileAttributesA(link.c_str(), FILE_ATTRIBUTE_NORMAL);
+    pc.MakeFile(link, value.bytes);
+  }
+  std::string Standing() { return Get("app", "v") + pc.ReadFile(link); }
+  void Keep(const std::vector<ExactValue>& values, bool deleted) {
+    CompleteRecord record(pc.program_folder() + "\\backup\\complete\\undo_1.reg");
+    for (const ExactValue& value : values) {
+      Make(value);
+      record.KeepValue(HKEY_CURRENT_USER, Key("app"), "v");
+      ExactKey key;
+      EXPECT_EQ(ExactKey::Create(HKEY_CURRENT_USER, Key("app"), key), ERROR_SUCCESS);
+      EXPECT_EQ(key.DeleteValue("v"), ERROR_SUCCESS);
+      if (deleted) record.Deleted();
+      record.KeepFile(link);
+      DeleteFileA(link.c_str());
+      if (deleted) record.Deleted();
+    }
+    record.End();
+    Loadbackup(window);
+  }
+};
+
+TEST(CompleteRestore, OfTwoOfOneNameTheEarlierIsKeptOnceMore) {
+  HandMade on;
+  on.Keep({kOne, kTwo}, /*deleted=*/true);
+  on.Make(kThree);
+  const ExactValue* const in_turn[] = {&kTwo, &kOne, &kThree};
+  for (const ExactValue* const value : in_turn) {
+    on.Restore(1);
+    EXPECT_EQ(on.Standing(), value->bytes + value->bytes);
+    EXPECT_THAT(on.Told(), testing::StartsWith("Everything was put back as it was. 2 newer"));
+    ASSERT_EQ(on.window.LvBackup.Count(), 1);
+  }
+}
+
+TEST(CompleteRestore, WhatStandsWhereNoDeletionIsKnownOfStaysAndSoDoesTheRecord) {
+  HandMade on;
+  on.Keep({kOne}, /*deleted=*/false);
+  on.Make(kTwo);
+  on.Restore(1);
+  EXPECT_EQ(on.Standing(), kTwo.bytes + kTwo.bytes);
+  EXPECT_THAT(on.Told(), testing::StartsWith("2 entries were left alone"));
+  EXPECT_EQ(on.window.LvBackup.Count(), 1);
+}
+
+TEST(CompleteRestore, WhatCannotBeKeptIsNotReplaced) {
+  HandMade on;
+  if (!TestPc::CanFault()) GTEST_SKIP();
+  on.Keep({kOne}, /*deleted=*/true);
+  on.Make(kTwo);
+  SetFileAttributesA(on.link.c_str(), FILE_ATTRIBUTE_READONLY);
+  on.pc.FillDisk(0);
+  on.Restore(1);
+  on.pc.FillDisk(std::nullopt);
+  EXPECT_EQ(on.Standing(), kTwo.bytes + kTwo.bytes);
+  EXPECT_NE(GetFileAttributesA(on.link.c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+  EXPECT_THAT(on.Told(), testing::StartsWith("2 entries could not be put back."));
+  EXPECT_EQ(on.window.LvBackup.Count(), 1);
+  KeptFile kept;
+  kept.path = on.link;
+  on.pc.FillDisk(0);
+  EXPECT_FALSE(PutBackFile(kept, "longer than what stands there"));
+  on.pc.FillDisk(std::nullopt);
+  EXPECT_EQ(on.pc.ReadFile(on.link), kTwo.bytes);
+  EXPECT_EQ(on.pc.FileNames(on.pc.folder() + "\\one").size(), 1U);
+}
+
 }  // namespace
 }  // namespace tidemark

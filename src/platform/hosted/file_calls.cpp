@@ -119,6 +119,12 @@ BOOL CopyFileA(LPCSTR from, LPCSTR to, BOOL fail_if_exists) {
                     : pc.files().Copy(Text(from), Text(to), fail_if_exists != FALSE));
 }
 
+BOOL MoveFileExA(LPCSTR from, LPCSTR to, DWORD flags) {
+  HostedPc& pc = Pc();
+  if (IsBeingWritten(pc, from) || IsBeingWritten(pc, to)) return Answer(ERROR_SHARING_VIOLATION);
+  return Answer(pc.files().Move(Text(from), Text(to), (flags & MOVEFILE_REPLACE_EXISTING) != 0));
+}
+
 BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
   return Answer(Pc().files().MakeFolder(Text(path)));
 }

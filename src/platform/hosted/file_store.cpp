@@ -239,6 +239,27 @@ LONG FileStore::Copy(std::string_view from, std::string_view to, bool fail_if_ex
   return SetAttributes(to, attributes | FILE_ATTRIBUTE_ARCHIVE);
 }
 
+LONG FileStore::Move(std::string_view from, std::string_view to, bool replace) {
+  FolderCache::Place target;
+  const LONG found = Find(to, true, target);
+  if (found != ERROR_SUCCESS && found != ERROR_FILE_NOT_FOUND) return found;
+  const bool existed = found == ERROR_SUCCESS;
+  if (existed) {
+    if (!replace) return ERROR_ALREADY_EXISTS;
+    const bool read_only = (AttributesOf(target) & FILE_ATTRIBUTE_READONLY) != 0;
+    if (target.IsFolder() || read_only || IsOpen(path_.upper)) return ERROR_ACCESS_DENIED;
+  }
+  const std::filesystem::path host_path =
+      pc_folder_ /
+      (existed ? folders_.HostPath(target) : folders_.HostPath(target, LastName(path_.text)));
+  DWORD attributes = 0;
+  if (const LONG status = MoveOut(from, host_path, attributes)) return status;
+  if (!existed && Find(to, true, target) == ERROR_FILE_NOT_FOUND) {
+    folders_.Added(target, LastName(path_.text), false);
+  }
+  return SetAttributes(to, attributes);
+}
+
 LONG FileStore::MakeFolder(std::string_view path) {
   FolderCache::Place place;
   const LONG status = Find(path, true, place);

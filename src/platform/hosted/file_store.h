@@ -41,6 +41,8 @@ class FileStore {
   // Where on the host lies what the path names.
   LONG GetHostPath(std::string_view path, std::filesystem::path& host_path);
   LONG Copy(std::string_view from, std::string_view to, bool fail_if_exists);
+  // A file, with its times and attributes.
+  LONG Move(std::string_view from, std::string_view to, bool replace);
   LONG MakeFolder(std::string_view path);
   // An empty one.
   LONG RemoveFolder(std::string_view path);
