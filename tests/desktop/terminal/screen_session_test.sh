@@ -165,7 +165,7 @@ a_resize_in_mid_scan_a_stop_and_a_crash() {
   text p
   see 'Problems Found : '
   see_no 'Problems Found : 111'
-  see '/: find' # the focus has come to the new page
+  see '[ Repair ]' # with or without findings so far
   keys F1
   see 'goes to the …' # what is cut says so, and how to read on
   see 'Down: more'
