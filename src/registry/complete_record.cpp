@@ -91,6 +91,7 @@ void CompleteRecord::KeepValue(HKEY root, std::string_view sub_key, std::string_
     if (status == ERROR_SUCCESS) {
       WriteKey(full_name);
       WriteValue(key, name);
+      pieces_.back().value = std::move(value);
     } else {
       incomplete_ = true;
     }
@@ -130,9 +131,9 @@ bool CompleteRecord::MakeFolder() {
 
 void CompleteRecord::Begin(RealKey key, std::optional<std::string> value_name) {
   if (pieces_.empty() && !MakeFolder()) broken_ = true;
-  pieces_.push_back({++number_, std::move(key), std::move(value_name)});
   checksum_ = {};
-  writer_.Comment("piece " + std::to_string(number_));
+  writer_.Comment("piece " + std::to_string(++number_) + (value_name ? " value" : ""));
+  pieces_.push_back({number_, std::move(key), std::move(value_name)});
 }
 
 void CompleteRecord::Put(std::string_view bytes) {
@@ -228,8 +229,10 @@ bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
     NoteKeysLeft(key, full_name, mark);
     return true;
   }
+  // Another value in its place is a new one.
   const bool stayed = piece.value_name ? status == ERROR_SUCCESS &&
-                                             key.Read(*piece.value_name, value) == ERROR_SUCCESS
+                                             key.Read(*piece.value_name, value) == ERROR_SUCCESS &&
+                                             (!piece.value || piece.value == value)
                                        : status != ERROR_FILE_NOT_FOUND;
   if (stayed) writer_.Comment(mark + CodeLineBreaks(full_name));
   return stayed;

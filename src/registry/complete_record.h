@@ -2,7 +2,8 @@
 // the undo file, which loses much by its format, it is what really brings things back.
 //
 //   registry.reg   a registry script of version 5.00 that the editor can import too. Each key or
-//                  value that was to go is a piece between comments: "; piece 1", its lines,
+//                  value that was to go is a piece between comments: "; piece 1", or "; piece 1
+//                  value", its lines,
 //                  "; whole 1 CHECKSUM"; then, after the deletion, "; stayed 1 KEY" for each key
 //                  that is still there, "; gone 1", and at last, if so many deletions took what
 //                  is not in the record, "; lost 2", and "; end"
@@ -59,6 +60,7 @@ class CompleteRecord {
     unsigned number = 0;
     RealKey key;
     std::optional<std::string> value_name;
+    std::optional<ExactValue> value = {};
   };
 
   bool MakeFolder();

@@ -27,12 +27,6 @@ FILETIME TimeOf(std::uint64_t number) {
   return {static_cast<DWORD>(number), static_cast<DWORD>(number >> 32U)};
 }
 
-std::string ChecksumOf(std::string_view bytes) {
-  Checksum checksum;
-  checksum.Add(bytes);
-  return checksum.Text();
-}
-
 // ".lnk" of "C:\x.lnk".
 std::string_view Extension(std::string_view path) {
   const std::string_view name = path.substr(path.find_last_of("\\/:") + 1);
@@ -64,7 +58,7 @@ std::string LineOf(const KeptFile& file) {
     line += '\t' + std::to_string(number);
   }
   line += '\t' + file.checksum + '\t' + file.path;
-  return line + '\t' + ChecksumOf(line);
+  return line + '\t' + Checksum::Of(line);
 }
 
 std::optional<KeptFile> FileOf(std::string_view line, const std::vector<std::string>& fields) {
@@ -154,7 +148,7 @@ bool KeptFiles::Keep(const std::string& path) {
 bool KeptFiles::Keep(KeptFile file, std::string_view bytes) {
   last_ = std::move(file);
   last_.size_bytes = bytes.size();
-  last_.checksum = ChecksumOf(bytes);
+  last_.checksum = Checksum::Of(bytes);
   do {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "%06u", ++number_);
@@ -173,7 +167,7 @@ bool KeptFiles::Deleted() {
 void KeptFiles::Replaced() {
   if (last_.copy.empty()) return;
   const std::string line = std::string(kGone) + '\t' + last_.copy;
-  list_.Append(line + '\t' + ChecksumOf(line) + std::string(kLineEnd));
+  list_.Append(line + '\t' + Checksum::Of(line) + std::string(kLineEnd));
   last_ = {};
 }
 
@@ -186,7 +180,7 @@ KeptFilesList ReadKeptFiles(std::string_view text) {
     if (line.empty()) continue;
     const std::vector<std::string> fields = Split(line, '\t');
     const std::string_view without_sum = line.substr(0, line.rfind('\t'));
-    if (fields.size() == 3 && fields[0] == kGone && fields[2] == ChecksumOf(without_sum)) {
+    if (fields.size() == 3 && fields[0] == kGone && fields[2] == Checksum::Of(without_sum)) {
       for (KeptFile& file : list.files) file.gone = file.gone || file.copy == fields[1];
     } else if (auto file = FileOf(line, fields)) {
       list.files.push_back(*std::move(file));
@@ -207,7 +201,8 @@ bool IsNameOfCopy(std::string_view name) {
 
 bool ReadCopy(const std::string& folder, const KeptFile& file, std::string& bytes) {
   auto read = FileSystemObject().ReadAll(folder + "\\" + file.copy);
-  if (!read || read->size() != file.size_bytes || ChecksumOf(*read) != file.checksum) return false;
+  if (!read || read->size() != file.size_bytes || Checksum::Of(*read) != file.checksum)
+    return false;
   bytes = *std::move(read);
   return true;
 }

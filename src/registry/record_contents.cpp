@@ -81,7 +81,7 @@ class Contents {
     const std::string number(NextWord(mark));
     if (word == "piece") {
       contents_.cut = true;
-      if (!TakePiece(start, number)) {
+      if (!TakePiece(start, number, mark == "value")) {
         ++contents_.damaged;
         by_number_.erase(number);
         last_damaged_ = number;
@@ -104,7 +104,7 @@ class Contents {
     }
   }
 
-  bool TakePiece(std::size_t start, const std::string& number) {
+  bool TakePiece(std::size_t start, const std::string& number, bool is_value) {
     const std::string end_mark = "; whole " + number + " ";
     for (std::size_t end = text_.find(end_mark, start); end != std::string_view::npos;
          end = text_.find(end_mark, end + 1)) {
@@ -112,7 +112,7 @@ class Contents {
       const std::string sum = ChecksumOf(piece);
       if (!text_.substr(end + end_mark.size()).starts_with(sum)) continue;
       by_number_[number] = contents_.pieces.size();
-      contents_.pieces.push_back({KeysOf(piece), false, {}});
+      contents_.pieces.push_back({KeysOf(piece), is_value, false, {}});
       position_ = end;
       return true;
     }
@@ -122,9 +122,7 @@ class Contents {
   static std::string ChecksumOf(std::string_view piece) {
     std::string bytes;
     AppendAsUtf16(piece, bytes);
-    Checksum checksum;
-    checksum.Add(bytes);
-    return checksum.Text();
+    return Checksum::Of(bytes);
   }
 
   std::string_view text_;
@@ -188,7 +186,7 @@ RecordCounts CountsOf(const RecordContents& contents) {
     for (const RecordedKey& key : piece.keys) {
       const std::string identity = Identity(key.key);
       if (piece.stayed.contains(identity)) continue;
-      keys.insert(identity);
+      if (!piece.is_value) keys.insert(identity);
       for (const RecordedValue& value : key.values) {
         values.insert(identity + "\\\\" + UpperCase(value.name));
       }

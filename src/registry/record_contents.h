@@ -27,6 +27,7 @@ struct RecordedKey {
 
 struct RecordPiece {
   std::vector<RecordedKey> keys;
+  bool is_value = false;         // alone, of a key that stays
   bool gone = false;             // the deletion was made; else the record does not know of it
   std::set<std::string> stayed;  // the identities of the keys that were still there behind it
 };

@@ -15,6 +15,12 @@ std::string Checksum::Text() const {
   return text.data();
 }
 
+std::string Checksum::Of(std::string_view bytes) {
+  Checksum checksum;
+  checksum.Add(bytes);
+  return checksum.Text();
+}
+
 bool WriteBytes(HANDLE file, std::string_view bytes) {
   constexpr std::size_t kMost = 1U << 30;
   while (!bytes.empty()) {

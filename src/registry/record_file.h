@@ -19,6 +19,7 @@ class Checksum {
     }
   }
   std::string Text() const;  // 16 hexadecimal digits
+  static std::string Of(std::string_view bytes);
 
  private:
   std::uint64_t sum_ = 0xCBF29CE484222325U;

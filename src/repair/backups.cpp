@@ -129,6 +129,7 @@ void cmdBakupReg_Click(frmMain& window) {
 }
 
 void cmdRestore_Click(frmMain& window) {
+  window.lblRestored.SetCaption("");
   const ListItem* row = window.LvBackup.SelectedItem();
   if (row == nullptr) return;
   // The list may be filled anew while the question is up.
@@ -159,6 +160,7 @@ void cmdRestore_Click(frmMain& window) {
 }
 
 void cmdRemove_Click(frmMain& window) {
+  window.lblRestored.SetCaption("");
   const ListItem* row = window.LvBackup.SelectedItem();
   if (row == nullptr) return;
   const std::string row_text = row->Caption().String();

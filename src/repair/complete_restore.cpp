@@ -112,7 +112,6 @@ void CompleteRestore::SpareWhatTheImportTouches(const std::string& undo_file,
 }
 
 void CompleteRestore::Finish(frmMain& window, const StartedProgram* editor) {
-  window.lblRestored.SetCaption("");
   if (!plan_) return;
   const QuietPage quiet(window);
   const bool editor_ended = editor == nullptr || WaitForEnd(window.front_end, *editor);

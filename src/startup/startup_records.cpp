@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* kEntryFile = "\\entry.txt";
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr const char* kEnd = "end";
 constexpr std::size_t kMostOffered = 9;
 // Of a profile file's values, in characters: their bytes are fewer than 64 K.
 constexpr std::size_t kLongestText = 21'000;
@@ -47,9 +48,47 @@ std::vector<std::string> Records(const frmMain& window) {
   return folders;
 }
 
-std::vector<std::string> EntryLines(const std::string& folder) {
+std::string CodedName(std::string_view name) {
+  return ReplaceAll(CodeLineBreaks(name), "\t", "%09");
+}
+
+std::string LineOf(const std::string& text) {
+  return text + '\t' + Checksum::Of(text) + std::string(kLineEnd);
+}
+
+struct EntryText {
+  std::string name;
+  std::string location;
+  std::vector<std::string> ini_lines;
+  bool whole = false;
+};
+
+EntryText ReadEntry(const std::string& folder) {
+  EntryText entry;
   const std::string text = FileSystemObject().ReadAll(folder + kEntryFile).value_or("");
-  return Split(ReplaceAll(text, "\r", ""), '\n');
+  std::vector<std::string> lines = Split(ReplaceAll(text, "\r", ""), '\n');
+  std::vector<std::string> vouched_for;
+  for (const std::string& line : lines) {
+    const auto tab = std::min(line.rfind('\t'), line.size());
+    const std::string content = line.substr(0, tab);
+    if (tab < line.size() && line.substr(tab + 1) == Checksum::Of(content)) {
+      vouched_for.push_back(content);
+    }
+  }
+  const bool has_sums = !vouched_for.empty();
+  entry.whole = lines.size() >= 2;
+  if (has_sums) {
+    std::erase(lines, "");
+    entry.whole = vouched_for.size() == lines.size() && vouched_for.back() == kEnd;
+    // Without its heading the rest is not in its place.
+    lines =
+        lines.front().starts_with(vouched_for.front()) ? vouched_for : std::vector<std::string>();
+  }
+  if (lines.size() < 2) return entry;
+  entry.name = has_sums ? DecodeLineBreaks(ReplaceAll(lines[0], "%09", "\t")) : lines[0];
+  entry.location = lines[1];
+  entry.ini_lines.assign(lines.begin() + 2, lines.end());
+  return entry;
 }
 
 struct IniValue {
@@ -93,31 +132,43 @@ bool PutBackIniValues(const std::vector<IniValue>& values, StartupRecord& replac
     if (standing == value.text) continue;
     const bool is_word = standing == "Yes" || standing == "No";
     if (value.text.empty() && !is_word) continue;
-    if (!is_word) replaced.KeepIniValues(value.key, {value.section});
-    whole = WriteText(value) && whole;
+    const bool kept = is_word || replaced.KeepIniValues(value.key, {value.section});
+    whole = kept && WriteText(value) && whole;
   }
   return whole;
 }
 
-bool PutBack(const frmMain& window, const std::string& folder) {
+bool PutBack(frmMain& window, const std::string& folder) {
   RecordContents contents = ReadRecord(folder);
-  const bool whole = contents.damaged == 0;
+  const EntryText entry = ReadEntry(folder);
+  const std::vector<IniValue> values = IniValuesOf(entry.ini_lines);
+  // What was in win.ini alone has no other pieces.
+  const bool ini_alone = contents.pieces.empty() && contents.files.empty() && !values.empty();
+  const bool whole = entry.whole && contents.Missing() == 0 && (ini_alone || !contents.cut);
   RestorePlan plan;
   plan.Add(std::move(contents), folder);
-  const std::vector<std::string> lines = EntryLines(folder);
-  StartupRecord replaced(window, lines.empty() ? "" : lines[0], lines.size() < 2 ? "" : lines[1]);
+  StartupRecord replaced(window, entry.name, entry.location);
   replaced.KeepReplaced(plan);
-  const bool back = plan.PutBack().failed == 0;
-  return PutBackIniValues(IniValuesOf(lines), replaced) && whole && back;
+  const RestoreOutcome outcome = plan.PutBack();
+  const bool back = outcome.failed + outcome.left_alone == 0;
+  return PutBackIniValues(values, replaced) && whole && back;
 }
 
 }  // namespace
 
-StartupRecord::StartupRecord(const frmMain& window, const std::string& name,
-                             const std::string& location)
-    : folder_(NewFolder(window)),
-      heading_(name + std::string(kLineEnd) + location + std::string(kLineEnd)),
+StartupRecord::StartupRecord(frmMain& window, const std::string& name, const std::string& location)
+    : window_(window),
+      folder_(NewFolder(window)),
+      heading_(LineOf(CodedName(name)) + LineOf(location)),
       record_(folder_) {}
+
+StartupRecord::~StartupRecord() {
+  record_.End();
+  if (has_entry_ && !KeepEntry(LineOf(kEnd))) lost_ = true;
+  if (!lost_ && record_.failures() == 0) return;
+  window_.front_end.ShowMessage("Not all of the entry could be recorded, to be put back later.",
+                                window_.application.title, MessageIcon::kCritical);
+}
 
 void StartupRecord::KeepValue(HKEY root, const std::string& path, const std::string& name) {
   KeepEntry("");
@@ -129,16 +180,16 @@ void StartupRecord::KeepFile(const std::string& path) {
   record_.KeepFile(path);
 }
 
-void StartupRecord::KeepIniValues(const std::string& key,
+bool StartupRecord::KeepIniValues(const std::string& key,
                                   const std::vector<std::string>& sections) {
   std::string lines;
   bool any = false;
   for (const std::string& section : sections) {
     const std::string text = StandingText(section, key);
     any = any || !text.empty();
-    lines += section + '\t' + key + '\t' + text + std::string(kLineEnd);
+    lines += LineOf(section + '\t' + key + '\t' + text);
   }
-  if (any) KeepEntry(lines);
+  return !any || KeepEntry(lines);
 }
 
 void StartupRecord::KeepReplaced(RestorePlan& plan) {
@@ -146,13 +197,16 @@ void StartupRecord::KeepReplaced(RestorePlan& plan) {
   if (kept.newer + kept.earlier > 0) KeepEntry("");
 }
 
-void StartupRecord::KeepEntry(const std::string& line) {
+bool StartupRecord::KeepEntry(const std::string& lines) {
+  has_entry_ = true;
   const std::string records = folder_.substr(0, folder_.rfind('\\'));
   CreateDirectoryA(records.substr(0, records.rfind('\\')).c_str(), nullptr);
   CreateDirectoryA(records.c_str(), nullptr);
   CreateDirectoryA(folder_.c_str(), nullptr);
   RecordFile file(folder_ + kEntryFile, heading_, std::string(kLineEnd));
-  if (file.Append(line)) file.Flush();
+  if (file.Append(lines) && file.Flush()) return true;
+  lost_ = true;
+  return false;
 }
 
 bool HasStartupRecords(const frmMain& window) { return !Records(window).empty(); }
@@ -167,9 +221,9 @@ void mnuPutBack_Click(frmMain& window) {
   }
   std::string question = "Which entry is to be put back?";
   for (std::size_t i = 0; i < records.size(); ++i) {
-    const std::vector<std::string> lines = EntryLines(records[i]);
+    const EntryText entry = ReadEntry(records[i]);
     question += "\r\n" + std::to_string(i + 1) + "  ";
-    if (lines.size() >= 2) question += lines[0] + ", " + lines[1];
+    if (!entry.location.empty()) question += entry.name + ", " + entry.location;
   }
   const auto number = NumberOf(window.front_end.InputBox(question, title, "1"));
   if (!number) return;

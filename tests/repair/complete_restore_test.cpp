@@ -146,10 +146,15 @@ TEST(CompleteRestore, WhatAPersonHasChangedSinceStays) {
   on.RepairBelow("STARTUP", "app", "v");
   on.Set("app", "other", kTwo);
   on.Set("app\\new", "x", kTwo);
+  on.window.LvBackup.UserSelect(*on.window.LvBackup.Item(1));
+  on.window.LvBackup.MouseUp();
+  EXPECT_EQ(on.window.LvBackup.ToolTipText(), "1 value") << "the key stayed";
   on.Restore(1);
   EXPECT_EQ(on.Get("app", "v"), kThree.bytes);
   EXPECT_EQ(on.Get("app", "other"), kTwo.bytes);
   EXPECT_EQ(on.Get("app\\new", "x"), kTwo.bytes);
+  on.Restore(1);
+  EXPECT_EQ(on.Told(), "") << "of the restore before";
 }
 
 TEST(CompleteRestore, LinksOfOneNameComeBackFromARepairOfLinksAlone) {
@@ -257,6 +262,21 @@ struct HandMade : LivePc {
     Loadbackup(window);
   }
 };
+
+TEST(CompleteRestore, AValueThatAnotherTookThePlaceOfAtOnceHasGone) {
+  HandMade on;
+  on.Set("app", "v", kOne);
+  {
+    CompleteRecord record(on.pc.program_folder() + "\\backup\\complete\\undo_1.reg");
+    record.KeepValue(HKEY_CURRENT_USER, on.Key("app"), "v");
+    on.Set("app", "v", kTwo);
+    record.Deleted();
+    EXPECT_EQ(record.stayed(), 0U);
+  }
+  Loadbackup(on.window);
+  on.Restore(1);
+  EXPECT_EQ(on.Get("app", "v"), kOne.bytes);
+}
 
 TEST(CompleteRestore, OfTwoOfOneNameTheEarlierIsKeptOnceMore) {
   HandMade on;

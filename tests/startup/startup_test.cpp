@@ -1,12 +1,14 @@
 #include "startup/startup.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <algorithm>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include "helpers/system_helpers.h"
+#include "platform/file_system_object.h"
 #include "registry/ini_access.h"
 #include "registry/mdlRegistry.h"
 #include "tests/support/settings.h"
@@ -310,6 +312,71 @@ TEST(Startup, WhatWasDeletedOrOverwrittenIsPutBack) {
     on.window.mnuPutBack.Click();
     EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, "app"), text);
   }
+}
+
+// The folder of the only record.
+std::string RecordOf(const StartupPc& on) {
+  FileSystemObject::Folder found;
+  const std::string records = on.pc.program_folder() + "\\backup\\complete\\startup";
+  if (FileSystemObject().GetFolder(records, found)) return "";
+  return found.SubFolders().empty() ? "" : found.PathOf(found.SubFolders().front());
+}
+
+TEST(Startup, ADamagedRecordIsToldAndStays) {
+  const struct {
+    bool ini;
+    const char* file;
+    std::size_t cut_bytes;  // from its end; all of them if there are fewer
+  } kCases[] = {{false, "\\registry.reg", 100},
+                {false, "\\registry.reg", 10'000},
+                {true, "\\entry.txt", 30},
+                {true, "\\entry.txt", 10'000}};
+  for (const auto& test : kCases) {
+    StartupPc on;
+    if (test.ini) {
+      WriteIniValue("Windows", "Run", "C:\\gone tool.exe", on.win_ini);
+    } else {
+      on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "a.exe");
+    }
+    loadPrograms(on.window);
+    const std::string name = test.ini ? "gone tool" : "app";
+    DeleteProgram(on.window, on.Row(name));
+    const std::string file = RecordOf(on) + test.file;
+    const std::string bytes = on.pc.ReadFile(file);
+    on.pc.MakeFile(file, bytes.substr(0, bytes.size() - std::min(bytes.size(), test.cut_bytes)));
+    on.front_end.AnswerInput("1");
+    on.window.mnuPutBack.Click();
+    EXPECT_THAT(on.front_end.messages().back(), testing::EndsWith("Its record stays."));
+    EXPECT_NE(RecordOf(on), "");
+  }
+}
+
+TEST(Startup, ANameWithTabsWritesNothingIntoWinIni) {
+  for (const char* const name : {"Windows\tRun\tevil.exe", "x\r\ny\r\nWindows\tRun\tevil.exe"}) {
+    StartupPc on;
+    on.pc.SetText(HKEY_CURRENT_USER, kRun, name, "a.exe");
+    WriteIniValue("Windows", "Run", "mine.exe", on.win_ini);
+    loadPrograms(on.window);
+    DeleteProgram(on.window, on.Row(name));
+    on.front_end.AnswerInput("1");
+    on.window.mnuPutBack.Click();
+    EXPECT_EQ(ReadProfileText("Windows", "Run", on.win_ini, 1000), "mine.exe");
+    EXPECT_EQ(on.pc.Text(HKEY_CURRENT_USER, kRun, name), "a.exe");
+    EXPECT_EQ(RecordOf(on), "");
+  }
+}
+
+TEST(Startup, WhatTheDiskHasNoRoomToRecordIsTold) {
+  if (!TestPc::CanFault()) GTEST_SKIP();
+  StartupPc on;
+  on.pc.SetText(HKEY_CURRENT_USER, kRun, "app", "a.exe");
+  loadPrograms(on.window);
+  on.pc.FillDisk(0);
+  DeleteProgram(on.window, on.Row("app"));
+  on.pc.FillDisk(std::nullopt);
+  EXPECT_THAT(on.front_end.messages(),
+              testing::ElementsAre(
+                  "Tidemark: Not all of the entry could be recorded, to be put back later."));
 }
 
 TEST(Startup, TheMenuWritesBackAndDeletesAfterAQuestion) {
