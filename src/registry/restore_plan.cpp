@@ -158,7 +158,8 @@ ReplacedCounts RestorePlan::KeepReplaced(CompleteRecord& record) {
     return !is_kept;
   };
   for (auto& [identity, planned] : keys_) {
-    for (auto& [name, value] : planned.values) {
+    for (auto& named : planned.values) {
+      PlannedValue& value = named.second;
       auto standing = value.recorded ? Standing(planned.key, value.name) : std::nullopt;
       if (!standing || standing == value.Wanted()) continue;
       const RealKey& key = planned.key;
