@@ -178,25 +178,23 @@ Section Uninstall
   Delete "$INSTDIR\uninstall.exe"
   !insertmacro DELETE_PICTURES
   Delete "$SMPROGRAMS\Tidemark.lnk"
-  ${If} ${FileExists} "$INSTDIR\backup\*.*"
-  ${OrIf} ${FileExists} "$INSTDIR\Startup Folder\*.*"
-    ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION \
-        "Keep the undo files, the backups of the registry, what was switched off from the start-up \
-        folders, and the ignore list?$\r$\nThey stay in $INSTDIR." /SD IDYES IDNO`
-      RMDir /r "$INSTDIR\backup"
-      RMDir /r "$INSTDIR\Startup Folder"
-    ${EndIf}
-  ${EndIf}
   ; These go only when nothing is in them.
   RMDir "$INSTDIR\backup"
   RMDir "$INSTDIR\Startup Folder\All Users"
   RMDir "$INSTDIR\Startup Folder\Current User"
   RMDir "$INSTDIR\Startup Folder"
-  ${IfNot} ${FileExists} "$INSTDIR\backup\*.*"
-  ${AndIfNot} ${FileExists} "$INSTDIR\Startup Folder\*.*"
-    Delete "$INSTDIR\Ignorelst.ini"
-    RMDir "$INSTDIR"
+  ${If} ${FileExists} "$INSTDIR\backup\*.*"
+  ${OrIf} ${FileExists} "$INSTDIR\Startup Folder\*.*"
+  ${OrIf} ${FileExists} "$INSTDIR\Ignorelst.ini"
+    ${If} ${Cmd} `MessageBox MB_YESNO|MB_ICONQUESTION \
+        "Keep the undo files, the backups of the registry, what was switched off from the start-up \
+        folders, and the ignore list?$\r$\nThey stay in $INSTDIR." /SD IDYES IDNO`
+      RMDir /r "$INSTDIR\backup"
+      RMDir /r "$INSTDIR\Startup Folder"
+      Delete "$INSTDIR\Ignorelst.ini"
+    ${EndIf}
   ${EndIf}
+  RMDir "$INSTDIR"
   !insertmacro DELETE_LOGON_ENTRIES "${LOGON_KEY}"
   ; Where it is when it was switched off in the program's own list.
   !insertmacro DELETE_LOGON_ENTRIES "-${LOGON_KEY}"

@@ -36,6 +36,15 @@ void SetDate(ListItem& row, int column, const std::optional<SYSTEMTIME>& date) {
   if (date) row.SetSubItem(column, DateTimeText(*date));
 }
 
+std::uint64_t SizeOf(const ListItem& row) {
+  return static_cast<std::uint64_t>(LeadingNumber(row.SubItem(kSize).View()));
+}
+
+void TellTickedFiles(frmMain& window) {
+  window.lblJunkTicked.SetCaption("Ticked : " + std::to_string(window.JunkTickedFiles) + ", " +
+                                  SizeText(window.JunkTickedBytes));
+}
+
 std::size_t HashOfPath(const ListItem& row) {
   return std::hash<std::string_view>()(row.Caption().View());
 }
@@ -87,18 +96,28 @@ void lvJunkFiles_ItemCheck(frmMain& window, const ListItem& row) {
   for (auto other = first; other != last; ++other) {
     if (other->second->Caption() == row.Caption()) other->second->SetChecked(row.Checked());
   }
+  if (window.JunkScanRunning) return;  // it tells the sum at its end
+  // Not summed anew: a range may have thousands.
+  if (row.Checked()) {
+    ++window.JunkTickedFiles;
+    window.JunkTickedBytes += SizeOf(row);
+  } else {
+    --window.JunkTickedFiles;
+    window.JunkTickedBytes -= SizeOf(row);
+  }
+  TellTickedFiles(window);
 }
 
 void ShowTickedFiles(frmMain& window) {
   std::unordered_set<std::string_view> files;
-  std::uint64_t bytes = 0;
+  window.JunkTickedBytes = 0;
   for (int index = 1; index <= window.lvJunkFiles.Count(); ++index) {
     const ListItem& row = *window.lvJunkFiles.Item(index);
     if (!row.Checked() || !files.insert(row.Caption().View()).second) continue;
-    bytes += static_cast<std::uint64_t>(LeadingNumber(row.SubItem(kSize).View()));
+    window.JunkTickedBytes += SizeOf(row);
   }
-  window.lblJunkTicked.SetCaption("Ticked : " + std::to_string(files.size()) + ", " +
-                                  SizeText(bytes));
+  window.JunkTickedFiles = files.size();
+  TellTickedFiles(window);
 }
 
 void ClearTwinsOfClearedRows(frmMain& window) {

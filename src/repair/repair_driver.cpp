@@ -79,10 +79,11 @@ std::string WhyStayed(const Repair& repair) {
 }
 
 void TellOnHomePage(frmMain& window, const Repair& repair) {
-  const std::size_t stayed = repair.record.stayed();
+  const auto gone = static_cast<std::size_t>(RepairOutcome::kGone);
+  const int stayed = repair.repaired - repair.outcomes.at(gone);
   const std::size_t failures = repair.record.failures();
   std::string text = "Problems repaired : ";
-  text += std::to_string(static_cast<std::size_t>(repair.repaired) - stayed) + ", undo file " +
+  text += std::to_string(repair.repaired - stayed) + ", undo file " +
           repair.undo_file.substr(repair.undo_file.rfind('\\') + 1) + ". ";
   if (stayed > 0) {
     text += std::to_string(stayed) + " could not be deleted" + WhyStayed(repair) + ". ";

@@ -168,6 +168,7 @@ void cmdScan_Click(frmMain& window) {
   CtlStatus(window, false);
   ShowProgressForm(window);
   window.StopRequested = false;
+  window.lblRepaired.SetCaption("");
   for (ListView* list :
        {&window.lvInvalidLoc, &window.lvFound, &window.lvProblems, &window.lvScan}) {
     list->Clear();

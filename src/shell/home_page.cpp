@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "helpers/diagnostic_tests.h"
+#include "helpers/text_helpers.h"
 #include "window/panels.h"
 
 namespace tidemark {
@@ -53,6 +54,9 @@ void NameHealth(frmMain& window) {
   std::string_view state = "Unknown, no scan has ended";
   if (picture.ends_with("RegHealth-Low.jpg")) state = "Low, many problems are open";
   if (picture.ends_with("RegHealth-Healthy.jpg")) state = "Healthy, no problem is open";
+  // A few leave the picture as it was.
+  const double open = LeadingNumber(window.OutstandingErrors);
+  if (open >= 1 && open <= 5) state = "Fair, a few problems are open";
   window.IMGRegistryStatus.SetAccessibleName(std::string("Registry health: ").append(state));
 }
 

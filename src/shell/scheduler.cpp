@@ -144,16 +144,19 @@ std::string NextRun(const frmMain& window) {
   if (LeadingNumber(Setting("Scheduler", "0")) != 1) return {};
   const double chosen = std::floor(LeadingNumber(Setting("SchedulerType", "3")));
   const SYSTEMTIME now = Now();
+  const std::string_view never = "after the next scan";
+  // Without a last run each tick takes its own moment for it.
+  if (window.LastRunTime.empty() && window.LastRunDate.empty()) return std::string(never);
   if (IsDue(window, now, chosen)) return "within a minute";
   constexpr int kDay = 24 * 60;
   int minutes = 0;
-  // Closely at first; what is days away is found by the hour.
+  // By the minute at first; what is days away is found by the hour.
   while (minutes < 8 * kDay) {
-    const int step = minutes < kDay ? 5 : 60;
+    const int step = minutes < kDay ? 1 : 60;
     if (IsDue(window, MinutesLater(now, minutes + step), chosen)) break;
     minutes += step;
   }
-  if (minutes >= 8 * kDay) return "after the next scan";
+  if (minutes >= 8 * kDay) return std::string(never);
   SYSTEMTIME next = MinutesLater(now, ++minutes);
   while (!IsDue(window, next, chosen)) next = MinutesLater(now, ++minutes);
   return LongDateText(next) + " - " + TimeText(next);

@@ -182,10 +182,8 @@ void BindJunk(frmMain& window) {
   }
   window.cmdJunkScan.Clicked.Bind([&window] { cmdJunkScan_Click(window); });
   window.cmdJunkStop.Clicked.Bind([&window] { cmdJunkStop_Click(window); });
-  window.lvJunkFiles.ItemChecked.Bind([&window](const ListItem& row) {
-    lvJunkFiles_ItemCheck(window, row);
-    ShowTickedFiles(window);
-  });
+  window.lvJunkFiles.ItemChecked.Bind(
+      [&window](const ListItem& row) { lvJunkFiles_ItemCheck(window, row); });
   window.lvJunkFiles.ColumnClicked.Bind(
       [&window](int column) { lvJunkFiles_ColumnClick(window, column); });
   window.lvJunkFiles.DoubleClicked.Bind([&window] { lvJunkFiles_DblClick(window); });

@@ -84,7 +84,7 @@ struct frmMain {
   Label lblLastDate{&picWelcome, "lblLastDate"};
   Label lblScanState{&picWelcome, "lblScanState"};  // of a scan that is running
   Timer TmrScanState{&picWelcome, "TmrScanState"};
-  Label lblRepaired{&picWelcome, "lblRepaired"};  // of the last repair since the start
+  Label lblRepaired{&picWelcome, "lblRepaired"};  // of the repair behind the last scan
   CommandButton cmdScanNow{&picWelcome, "cmdScanNow"};
   CommandButton cmdTellaFriend{&picWelcome, "cmdTellaFriend"};
   CommandButton cmdHelp{&picWelcome, "cmdHelp"};
@@ -193,6 +193,8 @@ struct frmMain {
   bool StopRequested = false;  // polled after each yield; the only way to end a running loop
   bool JunkScanRunning = false;
   std::unordered_multimap<std::size_t, ListItem*> JunkRowsByPath;  // by the hash of the path
+  std::size_t JunkTickedFiles = 0;
+  std::uint64_t JunkTickedBytes = 0;
   unsigned JunkRowsFilling = 0;  // of the list, when these rows were in it
   int RunsUnderWay = 0;          // on top of each other, each at a yield of the one below
   unsigned ScansBegun = 0;

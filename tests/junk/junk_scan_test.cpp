@@ -53,6 +53,7 @@ TEST(JunkScan, TellsHowManyFilesAreTickedAndTheirSize) {
     row->SetSubItem(1, size);
     row->SetChecked(true);
   }
+  ShowTickedFiles(on.window);
   on.window.lvJunkFiles.UserCheck(*on.window.lvJunkFiles.Item(2), false);
   EXPECT_EQ(on.window.lblJunkTicked.Caption(), "Ticked : 1, 2 KB") << "one file in two rows";
   on.window.cmdJunkFile(0).Click();

@@ -37,7 +37,10 @@ void ImagePeer::PaintOn(HDC context, const RECT& area) {
 // A button without its picture is still a button, and what a picture tells can be read instead.
 void ImagePeer::PaintName(HDC context, const RECT& area) {
   const Selection font(context, resources_.FontOf(image_.Font()));
-  SetTextColor(context, PanelTextColor());
+  // The page button whose page is up has a second picture.
+  const bool is_up = Clickable() && picture_file_.ends_with("2.jpg");
+  if (is_up) FillWith(context, area, GetSysColor(COLOR_HIGHLIGHT));
+  SetTextColor(context, is_up ? GetSysColor(COLOR_HIGHLIGHTTEXT) : PanelTextColor());
   SetBkMode(context, TRANSPARENT);
   RECT place = area;
   const std::wstring name = Wide(image_.AccessibleName().View());

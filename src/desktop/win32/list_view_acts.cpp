@@ -169,7 +169,8 @@ Answer ListViewPeer::OnKey(UINT message, WPARAM key, LPARAM lparam) {
     }
     if (key == 'A' || key == 'C') return 0;
   }
-  if (key != VK_SPACE || !list_.check_boxes) return {};
+  // With Ctrl it selects, as in every list.
+  if (key != VK_SPACE || !list_.check_boxes || GetKeyState(VK_CONTROL) < 0) return {};
   const int row = KeyboardRow();
   if (message == WM_KEYDOWN && (lparam & kRepeated) == 0 && row != 0) Post(Act::kCheck, row);
   return 0;
@@ -188,10 +189,12 @@ bool ListViewPeer::OnEnter() {
 }
 
 int ListViewPeer::KeyboardRow() const {
+  // Of several selected rows the one that bears the focus.
+  const int focused = ListView_GetNextItem(window_, -1, LVNI_FOCUSED) + 1;
+  if (list_.multi_select && focused != 0) return focused;
   // The control's row: it may have been sorted to another place since the last refresh.
   const int selected = list_.IndexOf(list_.SelectedItem());
-  if (selected != 0) return selected;
-  return ListView_GetNextItem(window_, -1, LVNI_FOCUSED) + 1;
+  return selected != 0 ? selected : focused;
 }
 
 void ListViewPeer::OnContextMenu(LPARAM lparam) {

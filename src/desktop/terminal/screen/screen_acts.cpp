@@ -283,10 +283,14 @@ void ScreenFrontEnd::OnListMouse(Rows& list, const Area& area, const ScreenInput
   const int row = shape.RowAt(input.row, list);
   if (row == 0) {
     const int heading = shape.HeadingAt(input.row, input.column);
-    if (heading != 0 && input.act != MouseAct::kRightPress) list.UserColumnClick(heading);
+    if (heading != 0 && input.act != MouseAct::kRightPress) {
+      range_.Clear();  // its rows are numbers
+      list.UserColumnClick(heading);
+    }
     return;
   }
   if (input.act == MouseAct::kRightPress) {
+    if (!range_.Holds(list, row)) range_.Clear();
     if (list.HasMenu()) return list.UserContextMenu(row);
     return list.UserSelect(row);
   }
@@ -330,12 +334,17 @@ bool ScreenFrontEnd::OnEntryKey(const ScreenInput& input) {
 
 void ScreenFrontEnd::Find(FindFrom from) {
   const auto list = RowsOf(*focused_);
-  if (!FindInList(*list, entry_text_.Text().View(), from)) notice_ = "not found";
+  if (!FindInList(*list, entry_text_.Text().View(), from)) {
+    notice_ = "not found";
+  } else {
+    range_.Clear();
+  }
 }
 
 void ScreenFrontEnd::RunEntry() {
   const std::string line = entry_text_.Text().String();
   EndEntry();
+  range_.Clear();
   try {
     RunLine(line, " | ");
   } catch (const CommandRefused& refusal) {
