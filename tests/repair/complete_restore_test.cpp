@@ -153,7 +153,7 @@ TEST(CompleteRestore, WhatAPersonHasChangedSinceStays) {
   EXPECT_EQ(on.Get("app", "v"), kThree.bytes);
   EXPECT_EQ(on.Get("app", "other"), kTwo.bytes);
   EXPECT_EQ(on.Get("app\\new", "x"), kTwo.bytes);
-  on.Restore(1);
+  on.window.cmdRestore.Click();
   EXPECT_EQ(on.Told(), "") << "of the restore before";
 }
 
@@ -271,7 +271,6 @@ TEST(CompleteRestore, AValueThatAnotherTookThePlaceOfAtOnceHasGone) {
     record.KeepValue(HKEY_CURRENT_USER, on.Key("app"), "v");
     on.Set("app", "v", kTwo);
     record.Deleted();
-    EXPECT_EQ(record.stayed(), 0U);
   }
   Loadbackup(on.window);
   on.Restore(1);
