@@ -203,23 +203,20 @@ void CompleteRecord::FinishKeeping() {
 }
 
 void CompleteRecord::Deleted() {
-  if (std::exchange(keeps_file_, false) && !files_.Deleted()) ++stayed_;
+  if (std::exchange(keeps_file_, false)) files_.Deleted();
   if (pieces_.empty()) return;
   // What could not be read is lost only if it could be deleted.
   if (incomplete_ && !broken_ && SomeAreGone()) ++failures_;
   broken_ = incomplete_ = false;
-  // Of the two halves of the classes the system takes the user's alone, which showed.
-  bool some_went = false;
   for (const Piece& piece : pieces_) {
-    if (!NoteWhatIsLeft(piece)) some_went = true;
+    NoteWhatIsLeft(piece);
     writer_.Comment("gone " + std::to_string(piece.number));
   }
-  if (!some_went) ++stayed_;
   writer_.Flush();
   Forget();
 }
 
-bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
+void CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
   const std::string mark = "stayed " + std::to_string(piece.number) + " ";
   std::string full_name = FullName(piece.key);
   ExactKey key;
@@ -227,7 +224,7 @@ bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
   ExactValue value;
   if (status == ERROR_SUCCESS && !piece.value_name) {
     NoteKeysLeft(key, full_name, mark);
-    return true;
+    return;
   }
   // Another value in its place is a new one.
   const bool stayed = piece.value_name ? status == ERROR_SUCCESS &&
@@ -235,7 +232,6 @@ bool CompleteRecord::NoteWhatIsLeft(const Piece& piece) {
                                              (!piece.value || piece.value == value)
                                        : status != ERROR_FILE_NOT_FOUND;
   if (stayed) writer_.Comment(mark + CodeLineBreaks(full_name));
-  return stayed;
 }
 
 bool CompleteRecord::SomeAreGone() const {

@@ -52,8 +52,6 @@ class CompleteRecord {
 
   // How many deletions took something that could not be kept.
   std::size_t failures() const { return failures_; }
-  // How many deletions took nothing.
-  std::size_t stayed() const { return stayed_; }
 
  private:
   struct Piece {
@@ -72,7 +70,7 @@ class CompleteRecord {
   void LeaveOut();
   void NoteKeysLeft(const ExactKey& key, std::string& full_name, const std::string& mark);
   bool SomeAreGone() const;
-  bool NoteWhatIsLeft(const Piece& piece);
+  void NoteWhatIsLeft(const Piece& piece);
   void EndPiece();
   void FinishKeeping();
   void Forget();
@@ -87,7 +85,6 @@ class CompleteRecord {
   unsigned number_ = 0;
   unsigned left_out_ = 0;
   std::size_t failures_ = 0;
-  std::size_t stayed_ = 0;
   bool keeps_file_ = false;
   bool ended_ = false;
   bool broken_ = false;      // what is kept now could not be written

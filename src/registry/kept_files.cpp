@@ -158,10 +158,8 @@ bool KeptFiles::Keep(KeptFile file, std::string_view bytes) {
          list_.Append(LineOf(last_).append(kLineEnd)) && list_.Flush();
 }
 
-bool KeptFiles::Deleted() {
-  if (FileSystemObject().FileExists(last_.path)) return false;
-  Replaced();
-  return true;
+void KeptFiles::Deleted() {
+  if (!FileSystemObject().FileExists(last_.path)) Replaced();
 }
 
 void KeptFiles::Replaced() {

@@ -35,8 +35,8 @@ class KeptFiles {
   bool Keep(const std::string& path);
   // The same for what another record has kept.
   bool Keep(KeptFile file, std::string_view bytes);
-  // To be called after the deletion; notes, and tells, whether the last one has gone.
-  bool Deleted();
+  // To be called after the deletion; notes whether the last one has gone.
+  void Deleted();
   // Instead: it is about to be replaced.
   void Replaced();
 
