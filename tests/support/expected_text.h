@@ -5,14 +5,18 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
 namespace tidemark {
 
+// The tests begin at the project's root; a test PC may go elsewhere.
+inline const std::filesystem::path kTestsFolder = std::filesystem::current_path() / "tests";
+
 inline void ExpectLinesOf(const std::string& name, const std::vector<std::string>& lines) {
-  const std::string path = "tests/" + name;  // the tests run at the project's root
+  const std::filesystem::path path = kTestsFolder / name;
   if (std::getenv("TIDEMARK_WRITE_EXPECTED") != nullptr) {
     std::ofstream file(path);
     for (const std::string& line : lines) file << line << '\n';
