@@ -60,6 +60,12 @@ bool Ask(frmMain& window, std::string_view caption, const std::string& message) 
   return stands() && window.MessBoxAnswer != "NO";
 }
 
+// Home tells of the last repair only as long as its undo is there.
+void ForgetOnHomePage(frmMain& window, std::string_view undo_file) {
+  const std::string_view told = window.lblRepaired.Caption().View();
+  if (told.find(undo_file) != std::string_view::npos) window.lblRepaired.SetCaption("");
+}
+
 bool HasRecord(const std::string& file) {
   return FileSystemObject().FolderExists(CompleteRecordFolder(file));
 }
@@ -151,6 +157,7 @@ void cmdRestore_Click(frmMain& window) {
       editor = StartAndFollow("regedit /s  \"" + file + "\"", WindowStyle::kMinimizedFocus);
     }
     DeleteFileA(file.c_str());
+    ForgetOnHomePage(window, row_text);
     Tell(window, "Tidemark - Restore Complete!", "The selected backup file has been restored!");
   }
   Loadbackup(window);
@@ -171,6 +178,7 @@ void cmdRemove_Click(frmMain& window) {
   const std::string file = BackupFile(window, row_text);
   DeleteFileA(file.c_str());
   if (!IsExistingFile(file)) RemoveRecord(CompleteRecordFolder(file));
+  ForgetOnHomePage(window, row_text);
   Loadbackup(window);
 }
 

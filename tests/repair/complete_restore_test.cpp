@@ -95,6 +95,7 @@ TEST(CompleteRestore, AKeyComesBackToTheLastBit) {
   EXPECT_EQ(on.window.LvBackup.ToolTipText(), "4 keys, 37 values");
   on.Restore(1);
   EXPECT_EQ(on.Told(), "Everything was put back as it was.");
+  EXPECT_EQ(on.window.lblRepaired.Caption(), "") << "it has gone back";
   EXPECT_TRUE(TakeExactSnapshot(HKEY_CURRENT_USER, on.pc.LiveKey()) == before);
   EXPECT_EQ(on.window.LvBackup.Count(), 0);
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/win32/message_boxes.h"
 #include "platform/windows/wide_text.h"
 
 namespace tidemark {
@@ -27,9 +28,15 @@ std::string AskForSaveFile(HWND owner, std::string_view title, std::string_view 
   std::string chosen = Narrow(path.data());
   // The ending that was proposed stays in the field when the other kind is chosen.
   constexpr DWORD kWebPage = 2;
-  if (dialog.nFilterIndex == kWebPage && chosen.ends_with(".csv"))
-    chosen.replace(chosen.size() - 3, 3, "htm");
-  return chosen;
+  if (dialog.nFilterIndex != kWebPage || !chosen.ends_with(".csv")) return chosen;
+  chosen.replace(chosen.size() - 3, 3, "htm");
+  // The dialog has asked about the other file.
+  const bool is_there = GetFileAttributesW(Wide(chosen).c_str()) != INVALID_FILE_ATTRIBUTES;
+  if (!is_there || ShowMessageBox(owner, chosen + " already exists.\r\nDo you want to replace it?",
+                                  title, MessageIcon::kExclamation, /*yes_no=*/true)) {
+    return chosen;
+  }
+  return {};
 }
 
 }  // namespace tidemark
